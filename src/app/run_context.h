@@ -1,0 +1,28 @@
+#pragma once
+
+#include <unicode/locid.h>
+
+#include <memory>
+#include <string>
+
+namespace zev {
+
+class Resource;
+
+/// What one run works on.
+struct RunContext {
+    /// Chooses the initial language from the environment's locale; afterwards `resource` is never null.
+    RunContext(std::string licensePath, std::string statusPath, int set);
+    ~RunContext();
+
+    std::string licenseDir;
+    std::string statusDir;
+    std::string licenseCopyDir;
+    int hasMasterPath = 0;  ///< 0 or 1
+    std::string masterPath;
+    icu::Locale locale;                  ///< changes together with `resource`
+    std::unique_ptr<Resource> resource;  ///< the catalogue of the display language
+    int languageSet;
+};
+
+}  // namespace zev

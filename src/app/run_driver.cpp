@@ -1,0 +1,117 @@
+#include "app/run_driver.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <span>
+
+#include "app/command_line.h"
+#include "app/debug_trace.h"
+#include "app/exit_code.h"
+#include "app/run_context.h"
+#include "console/dialog_run.h"
+#include "files/license_copies.h"
+#include "files/license_text_set.h"
+#include "files/status_file.h"
+#include "lang/environment_locale.h"
+#include "lang/locale_choice.h"
+
+namespace zev {
+
+namespace {
+
+/// Occupies a closed standard descriptor, so that no file of the run gets its number and is taken for the console. A
+/// directory answers like a closed descriptor: it can be neither read nor written, and it is no character device.
+void holdStandardDescriptors() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) == -1) static_cast<void>(open("/", O_RDONLY | O_DIRECTORY));
+    }
+}
+
+/// A page reaches the terminal in one piece; whoever reads or traces flushes first.
+void bufferOutput() { std::setvbuf(stdout, nullptr, _IOFBF, BUFSIZ); }
+
+void traceFromEnvironment() {
+    const char* fileName = std::getenv("ZEV_DEBUG");
+    if (fileName == nullptr) return;
+    openDebugFile(fileName);
+    runOptions.debugEnabled = true;
+}
+
+/// Answers that do not come from a terminal are echoed. The two bits are tested one by one, so a block device, whose
+/// type includes the bit of character devices, counts as a terminal.
+bool echoesInput() {
+    struct stat input {};
+    if (fstat(STDIN_FILENO, &input) != 0) return true;
+    return (input.st_mode & S_IFREG) != 0 || (input.st_mode & S_IFCHR) == 0;
+}
+
+struct Invocation {
+    std::span<char* const> words;
+};
+
+std::ostream& operator<<(std::ostream& out, const Invocation& invocation) {
+    for (const char* word : invocation.words) out << " " << word;
+    return out;
+}
+
+void adoptPreferredLanguage(RunContext& context) {
+    if (runOptions.preferredLanguage.empty()) return;
+    static_cast<void>(setLocale(context, icu::Locale(runOptions.preferredLanguage.c_str())));
+}
+
+int chooseOutcome(RunContext& context) {
+    if (runOptions.acceptWithoutDialog) return exit_code::acceptedWithoutDialog;
+    if (checkAccepted(context)) return exit_code::accepted;
+    if (!checkAllLicenseFiles(context)) return exit_code::noLicense;
+    return runLicenseDialog(context);
+}
+
+int recordAcceptance(const RunContext& context, int outcome) {
+    if (outcome != exit_code::accepted && outcome != exit_code::acceptedWithoutDialog) return outcome;
+    return writeStatusFiles(context) ? exit_code::accepted : exit_code::notRecorded;
+}
+
+/// The run of a valid command line.
+int runWithOptions() {
+    RunContext context(runOptions.licensePath, runOptions.statusPath, runOptions.languageSet);
+    if (runOptions.hasMasterPath) {
+        context.hasMasterPath = 1;
+        context.masterPath = runOptions.masterPath;
+    }
+    adoptPreferredLanguage(context);
+    if (int exitCode = 0; !prepareStatusDirectory(context, exitCode)) return exitCode;
+    return recordAcceptance(context, chooseOutcome(context));
+}
+
+void reportExit(int exitCode) {
+    const bool isAnswer = exitCode == exit_code::declined || exitCode == exit_code::accepted;
+    if (!isAnswer || runOptions.showExitCode) std::cout << "Exited with: " << exitCode << '\n';
+    std::cout.flush();
+}
+
+}  // namespace
+
+int runDriver(int argc, char** argv) {
+    holdStandardDescriptors();
+    bufferOutput();
+    adoptEnvironmentLocale();
+    traceFromEnvironment();
+    runOptions.echoInput = echoesInput();
+
+    int exitCode = 0;
+    if (parseCommandLine(exitCode, argc, argv)) {
+        trace("ZEV version ", runOptions.version, " started");
+        trace("Tool invoked as:", Invocation{{argv, static_cast<std::size_t>(argc)}});
+        exitCode = runWithOptions();
+    } else {
+        printUsage(argc > 0 ? argv[0] : "");
+    }
+    reportExit(exitCode);
+    return exitCode;
+}
+
+}  // namespace zev

@@ -1,0 +1,7 @@
+#include "app/run_options.h"
+
+namespace zev {
+
+RunOptions runOptions;
+
+}  // namespace zev
