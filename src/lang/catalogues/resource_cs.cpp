@@ -1,0 +1,60 @@
+#include "lang/catalogues/catalogues.h"
+
+namespace zev::catalogues {
+
+// Kept faults: six texts hold U+009A and U+009E for š and ž; the language menu holds è, È and ì for č, Č and ě.
+constinit const CatalogueTexts cs{
+    .getLanguageCode = "cs",
+    .NUMERIC1_KEY = escaped<u"10">,
+    .TITLE_KEY = escaped<u"Licenční smlouva o u\u009Eívání softwaru">,
+    .INSTRUCTIONS_KEY = escaped<
+        u"Před pou\u009Eitím Programu si pečlivě přečtěte přilo\u009Eenou licenční smlouvu. Výběrem ní\u009Ee "
+        u"uvedené mo\u009Enosti „Přijmout“ nebo pou\u009Eíváním Programu vyjadřujete souhlas s podmínkami této "
+        u"smlouvy. Vyberete-li mo\u009Enost „Odmítnout“, instalace nebude dokončena a Program nebudete moci "
+        u"pou\u009Eívat. ">,
+    .ACCEPT_KEY = escaped<u"Přijmout">,
+    .DECLINE_KEY = escaped<u"Odmítnout">,
+    .PRINT_KEY = escaped<u"Vytisknout">,
+    .YES_KEY = escaped<u"Ano">,
+    .NO_KEY = escaped<u"Ne">,
+    .DECLINED_KEY = escaped<
+        u"Zvolili jste odmítnutí licenční smlouvy. Instalace nebyla dokončena. Instalaci mů\u009Eete znovu spustit v "
+        u"pozděj\u009Aí době, nebo mů\u009Eete Program vrátit straně (společnosti VUR nebo jejímu prodejci), od "
+        u"které jste jej získali, a po\u009Eádat o vrácení peněz.">,
+    .CONFIRMDECLINE_KEY = escaped<u"Potvrzujete, \u009Ee opravdu chcete odmítnout licenční smlouvu?">,
+    .CLILANGMENU_KEY = escaped<
+        u"Licenèní smlouva o užívání softwaru\n"
+        u"1. Èeština \n"
+        u"2. Angliètina\n"
+        u"3. Francouzština\n"
+        u"4. Nìmèina\n"
+        u"5. Italština\n"
+        u"6. Polština\n"
+        u"7. Portugalština\n"
+        u"8. Španìlština\n"
+        u"9. Tureètina\n">,
+    .CLILANGMSG_KEY = escaped<u"Zadejte číslo odpovídající jazyku, který si přejete pou\u009Eívat.\n">,
+    .CLITITLE_KEY = escaped<u"Licenční smlouva o užívání softwaru">,
+    .CLIINTROMSG_KEY = escaped<
+        u"Stisknutím klávesy Enter zobrazíte licenční smlouvu na obrazovce. Před instalací Programu si smlouvu "
+        u"pečlivě přečtěte. Po přečtení smlouvy budete mít mo\u009Enost ji přijmout, nebo odmítnout. Pokud se "
+        u"rozhodnete smlouvu odmítnout, instalace nebude dokončena a Program nebudete moci pou\u009Eívat.\n">,
+    .CLICONTMSG_KEY = escaped<
+        u"Stiskněte klávesu Enter, chcete-li pokračovat v prohlížení licenční smlouvy, nebo zadejte jedno z těchto "
+        u"čísel: \"1\" Přijmout smlouvu, \"2\" Odmítnout smlouvu, \"99\" Vrátit se na předchozí obrazovku.\n">,
+    .CLICFMMSG_KEY = escaped<
+        u"Zvolili jste odmítnutí licenční smlouvy. Instalace Programu bude ukončena. Pokud jste si jisti, že chcete "
+        u"licenční smlouvu odmítnout, potvrďte to opětovným zadáním \"2\". V opačném případě zadejte \"1\", "
+        u"chcete-li licenční smlouvu přijmout, nebo stiskněte klávesu Enter, chcete-li pokračovat ve čtení smlouvy.\n">,
+    .CLIACCMSG_KEY = escaped<
+        u"Dokončili jste prohlížení licenční smlouvy. Zadejte \"1\", chcete-li smlouvu přijmout, nebo \"2\", "
+        u"chcete-li ji odmítnout. Pokud se rozhodnete smlouvu odmítnout, instalace nebude dokončena a Program "
+        u"nebudete moci používat.\n">,
+    .NUMERIC2_KEY = escaped<u"10">,
+    .NUMERIC3_KEY = escaped<u"16">,
+    .PRINTERRMSG_KEY = escaped<u"Došlo k chybě tiskárny. Licenční smlouva nebude vytištěna.">,
+    .LANGNAME_KEY = escaped<u"Čeština">,
+    .NONVURTERMS_KEY = escaped<u"Přečíst podmínky jiných stran než VUR">,
+};
+
+}  // namespace zev::catalogues

@@ -1,0 +1,57 @@
+#include "lang/catalogues/catalogues.h"
+
+namespace zev::catalogues {
+
+constinit const CatalogueTexts zh_TW{
+    .getLanguageCode = "zh_TW",
+    .NUMERIC1_KEY = escaped<u"12">,
+    .TITLE_KEY = escaped<u"軟體授權合約">,
+    .INSTRUCTIONS_KEY = escaped<
+        u"使用本程式之前，請先仔細閱讀隨附的授權合約。"
+        u"選取下方的「接受」或使用本程式，即表示您同意接受本授權合約的條款。"
+        u"若您選取「拒絕」，安裝作業將不會完成，您也將無法使用本程式。 ">,
+    .ACCEPT_KEY = escaped<u"接受">,
+    .DECLINE_KEY = escaped<u"拒絕">,
+    .PRINT_KEY = escaped<u"列印">,
+    .YES_KEY = escaped<u"是">,
+    .NO_KEY = escaped<u"否">,
+    .DECLINED_KEY = escaped<
+        u"您已選擇拒絕授權合約。安裝作業並未完成。您可以稍後重新開始安裝，"
+        u"也可以將本程式退還給您取得本程式的對象（VUR 或其經銷商），並要求退款。">,
+    .CONFIRMDECLINE_KEY = escaped<u"您確定要拒絕授權合約嗎？">,
+    .CLILANGMENU_KEY = escaped<
+        u"Software Licensing Agreement\n"
+        u"1. English\n"
+        u"2. Danish\n"
+        u"3. Dutch\n"
+        u"4. Finnish\n"
+        u"5. French\n"
+        u"6. German\n"
+        u"7. Italian\n"
+        u"8. Norwegian\n"
+        u"9. Portuguese\n"
+        u"10. Russian\n"
+        u"11. Spanish\n"
+        u"12. Swedish\n">,
+    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
+    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLIINTROMSG_KEY = escaped<
+        u"請按 Enter 鍵，在螢幕上顯示授權合約。安裝本程式之前，請先仔細閱讀授權合約。"
+        u"閱讀之後，您可以選擇接受或拒絕授權合約。若您選擇拒絕授權合約，安裝作業將不會完成，您也將無法使用本程式。\n">,
+    .CLICONTMSG_KEY = escaped<
+        u"請按 Enter 鍵繼續檢視授權合約，或輸入下列其中一個數字："
+        u"\"1\" 接受授權合約, \"2\" 拒絕授權合約, \"99\" 返回上一個畫面。\n">,
+    .CLICFMMSG_KEY = escaped<
+        u"您已選擇拒絕授權合約。本程式的安裝作業將會終止。若您確定要拒絕授權合約，請再次輸入 \"2\" 以確認。"
+        u"否則，請輸入 \"1\" 接受授權合約，或按 Enter 鍵繼續閱讀授權合約。\n">,
+    .CLIACCMSG_KEY = escaped<
+        u"授權合約已顯示完畢。請輸入 \"1\" 接受授權合約，或輸入 \"2\" 拒絕授權合約。"
+        u"若您選擇拒絕授權合約，安裝作業將不會完成，您也將無法使用本程式。\n">,
+    .NUMERIC2_KEY = escaped<u"18">,
+    .NUMERIC3_KEY = escaped<u"16">,
+    .PRINTERRMSG_KEY = escaped<u"印表機發生錯誤。將不會列印授權合約。">,
+    .LANGNAME_KEY = escaped<u"繁體中文">,
+    .NONVURTERMS_KEY = escaped<u"閱讀非 VUR 條款">,
+};
+
+}  // namespace zev::catalogues

@@ -1,0 +1,111 @@
+#include "lang/environment_locale.h"
+
+#include <unicode/locid.h>
+#include <unicode/ucnv.h>
+#include <unicode/uloc.h>
+
+#include <array>
+#include <cstdlib>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace zev {
+
+namespace {
+
+constexpr const char* fallbackCodePage = "US-ASCII";
+
+struct ProcessCodePage {
+    std::string name = fallbackCodePage;
+    icu::LocalUConverterPointer converter;
+};
+ProcessCodePage processCodePage;
+
+/// The pieces of language[_TERRITORY][.codeset][@modifier], the form of locale values in POSIX environments.
+struct LocaleValue {
+    std::string language;
+    std::string codeSet;
+    std::string modifier;
+};
+
+LocaleValue parse(std::string_view value) {
+    const auto between = [value](char mark, char stop) {
+        const auto begin = value.find(mark);
+        if (begin == std::string_view::npos) return std::string();
+        return std::string(value.substr(begin + 1, value.find(stop, begin) - begin - 1));
+    };
+    // Some terminals send a bare code set.
+    if (ucnv_compareNames(std::string(value).c_str(), "UTF-8") == 0) return {"", std::string(value), ""};
+    return {std::string(value.substr(0, value.find_first_of(".@"))), between('.', '@'), between('@', '.')};
+}
+
+LocaleValue firstSet(std::initializer_list<const char*> variables) {
+    for (const char* variable : variables) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') return parse(value);
+    }
+    return {};
+}
+
+/// A value that names a code set and no language leaves the language to LANG.
+icu::Locale localeOf(LocaleValue value) {
+    if (value.language.empty() && !value.codeSet.empty()) value = firstSet({"LANG"});
+    std::string name = value.language;
+    if (name.empty() || name == "C" || name == "POSIX") name = "en_US_POSIX";
+    // ICU's form of a POSIX modifier is a variant, behind an empty territory if need be.
+    if (!value.modifier.empty()) name += (name.find('_') == std::string::npos ? "__" : "_") + value.modifier;
+
+    std::string canonical(name.size() + ULOC_FULLNAME_CAPACITY, '\0');
+    UErrorCode status = U_ZERO_ERROR;
+    uloc_canonicalize(name.c_str(), canonical.data(), static_cast<int32_t>(canonical.size()), &status);
+    return {U_SUCCESS(status) ? canonical.c_str() : ""};
+}
+
+/// The converter is null where ICU does not know the name.
+ProcessCodePage openCodePage(const std::string& name) {
+    UErrorCode status = U_ZERO_ERROR;
+    return {name, icu::LocalUConverterPointer(ucnv_open(name.c_str(), &status))};
+}
+
+ProcessCodePage codePageOf(const LocaleValue& value) {
+    if (!value.codeSet.empty()) {
+        ProcessCodePage named = openCodePage(value.codeSet);
+        if (named.converter.isValid()) return named;
+    }
+    return openCodePage(fallbackCodePage);
+}
+
+}  // namespace
+
+void adoptEnvironmentLocale() {
+    const LocaleValue value = firstSet({"LC_ALL", "LC_CTYPE", "LANG"});
+    processCodePage = codePageOf(value);
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale::setDefault(localeOf(value), status);
+}
+
+const char* codePage() { return processCodePage.name.c_str(); }
+
+icu::UnicodeString fromCodePage(const char* bytes) { return {bytes, codePage()}; }
+
+std::ostream& operator<<(std::ostream& out, InCodePage piece) {
+    UConverter* const converter = processCodePage.converter.getAlias();
+    const char16_t* source = piece.text.getBuffer();
+    const char16_t* const sourceEnd = source + piece.text.length();
+    std::array<char, 200> chunk;
+    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
+    while (converter != nullptr && status == U_BUFFER_OVERFLOW_ERROR) {
+        status = U_ZERO_ERROR;
+        char* target = chunk.data();
+        ucnv_fromUnicode(converter, &target, chunk.data() + chunk.size() - 1, &source, sourceEnd, nullptr, false,
+                         &status);
+        // A chunk goes out as a C string: in a code page such as UTF-16 it ends at its first zero byte.
+        *target = '\0';
+        out << chunk.data();
+    }
+    if (converter != nullptr) ucnv_reset(converter);
+    return out;
+}
+
+}  // namespace zev

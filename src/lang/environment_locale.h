@@ -1,0 +1,28 @@
+#pragma once
+
+#include <unicode/unistr.h>
+
+#include <iosfwd>
+
+/// The locale and the code page of the process. ICU's builds for Linux read other variables and take UTF-8 for granted,
+/// so both are settled here, as POSIX has it: by the first of LC_ALL, LC_CTYPE and LANG that is set and not empty.
+namespace zev {
+
+/// Reads the environment and makes its locale ICU's default. To be called before anything else asks ICU for a locale.
+void adoptEnvironmentLocale();
+
+/// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names
+/// none or one that ICU does not know.
+[[nodiscard]] const char* codePage();
+
+/// The text that NUL-terminated bytes in the process's code page stand for.
+[[nodiscard]] icu::UnicodeString fromCodePage(const char* bytes);
+
+/// A text on its way to a stream, written in the process's code page. What the code page lacks becomes its substitution
+/// character.
+struct InCodePage {
+    const icu::UnicodeString& text;
+};
+std::ostream& operator<<(std::ostream& out, InCodePage piece);
+
+}  // namespace zev

@@ -1,0 +1,66 @@
+#include "lang/language_table.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "app/run_context.h"
+#include "app/run_options.h"
+
+namespace zev {
+
+namespace {
+
+constexpr std::array<LanguageEntry, 17> languageTable4{{
+    {"cs", "Czech"},
+    {"de", "German"},
+    {"el", "Greek"},
+    {"en", "English"},
+    {"es", "Spanish"},
+    {"fr", "French"},
+    {"it", "Italian"},
+    {"ja", "Japanese"},
+    {"ko", "Korean"},
+    {"lt", "Lithuanian"},
+    {"pl", "Polish"},
+    {"pt", "Portuguese"},
+    {"ru", "Russian"},
+    {"sl", "Slovenian"},
+    {"tr", "Turkish"},
+    {"zh", "Chinese"},
+    {"zh_TW", "Chinese_TW"},
+}};
+
+constexpr auto languageTable3 = [] {
+    constexpr std::array<std::string_view, 4> onlyInSet4{"el", "lt", "ru", "sl"};
+    std::array<LanguageEntry, languageTable4.size() - onlyInSet4.size()> table{};
+    std::ranges::copy_if(languageTable4, table.begin(), [&](const LanguageEntry& language) {
+        return std::ranges::find(onlyInSet4, language.code) == onlyInSet4.end();
+    });
+    return table;
+}();
+
+}  // namespace
+
+std::span<const LanguageEntry> activeLanguages(const RunContext& context) {
+    switch (context.languageSet) {
+        case alternativeLanguageSet: return languageTable3;
+        case defaultLanguageSet: return languageTable4;
+        default: return {};
+    }
+}
+
+unsigned languageCount(const RunContext& context) { return static_cast<unsigned>(activeLanguages(context).size()); }
+
+const LanguageEntry* languageEntry(const RunContext& context, unsigned index) {
+    return index < languageCount(context) ? &activeLanguages(context)[index] : nullptr;
+}
+
+const char* matchLanguage(const RunContext& context, const char* language) {
+    const auto languages = activeLanguages(context);
+    const auto match = std::ranges::find_if(
+        languages, [&](const LanguageEntry& entry) { return std::string_view(language).starts_with(entry.code); });
+    return match != languages.end() ? match->code : nullptr;
+}
+
+}  // namespace zev
