@@ -1,0 +1,126 @@
+#include "files/encoded_text_file.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+
+#include "app/debug_trace.h"
+#include "lang/environment_locale.h"
+
+namespace zev {
+
+namespace {
+
+/// Hands the units of `file` up to the end of its text to `consume`, block by block, until `consume` returns false.
+template <class Consume>
+void forEachBlock(UFILE* file, Consume consume) {
+    std::array<char16_t, 4096> block;
+    for (;;) {
+        const auto size = u_file_read(block.data(), static_cast<int32_t>(block.size()), file);
+        const auto units = std::span<const char16_t>(block).first(static_cast<std::size_t>(size));
+        const auto textSize = std::ranges::find(units, char16_t{U_EOF}) - units.begin();
+        const bool goOn = consume(units.first(static_cast<std::size_t>(textSize)));
+        if (!goOn || textSize < static_cast<std::ptrdiff_t>(block.size())) return;
+    }
+}
+
+const char* orDefault(const char* codePageName) { return codePageName != nullptr ? codePageName : codePage(); }
+
+}  // namespace
+
+EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePageName) {
+    return EncodedFile(u_fopen(path.c_str(), mode, nullptr, orDefault(codePageName)));
+}
+
+std::string joinPath(const std::string& directory, const std::string& name) {
+    return directory + pathSeparator() + name;
+}
+
+bool fileExists(const std::string& path) { return std::ifstream(path).is_open(); }
+
+bool countFileChars(const std::string& path, const std::string& codePageName, std::size_t& count) {
+    const EncodedFile file = openEncoded(path, "r", codePageName.c_str());
+    if (!file) {
+        trace("Unable to open file ", path);
+        return false;
+    }
+    std::size_t units = 0;
+    forEachBlock(file.get(), [&](std::span<const char16_t> block) {
+        units += block.size();
+        return true;
+    });
+    trace("Number of characters in ", path, " is ", units);
+    count = units;
+    return true;
+}
+
+std::size_t readLicenseFile(const RunContext&, const std::string& path, std::span<char16_t> buffer) {
+    const EncodedFile file = openEncoded(path, "r", licenseCodePage);
+    if (!file) {
+        trace("Unable to open license file ", path);
+        return 0;
+    }
+    std::size_t stored = 0;
+    bool fits = true;
+    forEachBlock(file.get(), [&](std::span<const char16_t> block) {
+        fits = block.size() <= buffer.size() - stored;
+        if (!fits) return false;
+        std::ranges::copy(block, buffer.begin() + static_cast<std::ptrdiff_t>(stored));
+        stored += block.size();
+        return true;
+    });
+    return fits ? stored : buffer.size() + 1;
+}
+
+bool copyUnits(UFILE* input, UFILE* output) {
+    bool written = true;
+    forEachBlock(input, [&](std::span<const char16_t> block) {
+        u_file_write(block.data(), static_cast<int32_t>(block.size()), output);
+        written = std::ferror(u_fgetfile(output)) == 0;
+        return written;
+    });
+    return written;
+}
+
+bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
+                       const char* outputCodePage) {
+    const EncodedFile output = openEncoded(outputPath, "w", outputCodePage);
+    if (!output) {
+        trace("Unable to open output file ", outputPath, " in codepage ", orDefault(outputCodePage));
+        return false;
+    }
+    const EncodedFile input = openEncoded(inputPath, "r", inputCodePage);
+    if (!input) {
+        trace("Unable to open input file ", inputPath, " in codepage ", orDefault(inputCodePage));
+        return false;
+    }
+    trace("input file ", inputPath, " is in codepage ", u_fgetcodepage(input.get()));
+    trace("output file ", outputPath, " is in codepage ", u_fgetcodepage(output.get()));
+    static_cast<void>(copyUnits(input.get(), output.get()));
+    return true;
+}
+
+bool makeDirectory(const std::string& path) {
+    constexpr mode_t mode = 0750;
+    // Traced in decimal, 488, as its readers know it.
+    trace("Calling mkdir(", path, ", ", mode, ");");
+    const int result = mkdir(path.c_str(), mode);
+    const int error = errno;
+    if (result == 0 || error == EEXIST) return true;
+    trace("Function mkdir returned ", result);
+    trace("errno = ", error);
+    return false;
+}
+
+bool makeDirectoryPath(const std::string& path) {
+    for (auto slash = path.find('/', 1); slash != std::string::npos; slash = path.find('/', slash + 1)) {
+        if (!makeDirectory(path.substr(0, slash))) return false;
+    }
+    return makeDirectory(path);
+}
+
+}  // namespace zev

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <unicode/ustdio.h>
+
+#include <memory>
+#include <span>
+#include <string>
+
+namespace zev {
+
+struct RunContext;
+
+struct CloseEncodedFile {
+    void operator()(UFILE* file) const { u_fclose(file); }
+};
+using EncodedFile = std::unique_ptr<UFILE, CloseEncodedFile>;
+
+/// The code page of every licence text: a byte order mark selects the order, without one it is big-endian.
+inline constexpr const char* licenseCodePage = "UTF-16";
+
+/// Opens a file of text in a code page, named as ICU names its converters; null stands for the code page of the
+/// process. `mode` is "r" or "w". Null when the file cannot be opened or the code page is unknown.
+[[nodiscard]] EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePage);
+
+/// `directory` + "/" + `name`, without any normalisation.
+[[nodiscard]] std::string joinPath(const std::string& directory, const std::string& name);
+
+/// Whether an input stream can open the file.
+[[nodiscard]] bool fileExists(const std::string& path);
+
+/// Counts the UTF-16 code units of a text. A U+FFFF ends a text like the end of its file, here and in all that follows.
+/// False, and `count` left alone, when the file cannot be opened.
+[[nodiscard]] bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count);
+
+/// Reads a licence text into `buffer`. Returns its length in code units, 0 also when the file cannot be opened; of a
+/// text that is longer than the buffer, the buffer's size + 1, and what does not fit is not stored.
+[[nodiscard]] std::size_t readLicenseFile(const RunContext& context, const std::string& path,
+                                          std::span<char16_t> buffer);
+
+/// Copies what is left of `input` to `output`, in which a half surrogate pair may stay pending. False as soon as the
+/// file below `output` reports a write error, which ICU itself never does.
+[[nodiscard]] bool copyUnits(UFILE* input, UFILE* output);
+
+/// Copies a file from one code page (see openEncoded) into another. True when both files could be opened: a write
+/// error on the way is deliberately not noticed. When only the input cannot be opened, an empty output stays behind.
+[[nodiscard]] bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
+                                     const char* outputCodePage);
+
+/// Creates a directory with mode 0750. True when it exists afterwards, or something else of its name does.
+[[nodiscard]] bool makeDirectory(const std::string& path);
+
+/// Creates a directory and all above it, from the left, up to the first that cannot be created.
+[[nodiscard]] bool makeDirectoryPath(const std::string& path);
+
+}  // namespace zev

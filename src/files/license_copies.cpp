@@ -1,0 +1,109 @@
+#include "files/license_copies.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "app/debug_trace.h"
+#include "app/run_context.h"
+#include "files/encoded_text_file.h"
+#include "files/license_text_set.h"
+#include "files/status_file.h"
+#include "lang/language_table.h"
+
+namespace zev {
+
+namespace {
+
+constexpr const char* copySuffix = ".txt";
+
+/// The copy of one language while it is being written.
+class LanguageCopy {
+public:
+    LanguageCopy(const RunContext& context, const LanguageEntry& language)
+        : agreementPath_(agreementPath(context, language.code)),
+          informationPath_(informationPath(context, language.code)),
+          outputPath_(joinPath(context.licenseCopyDir, std::string(language.englishName) + copySuffix)) {}
+
+    [[nodiscard]] bool write() {
+        output_ = openEncoded(outputPath_, "w", nullptr);
+        if (!output_) {
+            trace("Unable to create file ", outputPath_);
+            return false;
+        }
+        trace("creating output file ", outputPath_, " in codepage ", u_fgetcodepage(output_.get()));
+        return append("LA", agreementPath_) && (!fileExists(informationPath_) || append("LI", informationPath_)) &&
+               end();
+    }
+
+private:
+    [[nodiscard]] bool append(const char* kind, const std::string& path) {
+        const EncodedFile input = openEncoded(path, "r", licenseCodePage);
+        if (!input) {
+            trace("Unable to open ", kind, " file ", path);
+            return false;
+        }
+        // The information file is deliberately announced under the path of the agreement: readers of traces know it so.
+        trace("Reading ", kind, " file ", agreementPath_, " in codepage ", u_fgetcodepage(input.get()));
+        lastSource_ = path;
+        static_cast<void>(copyUnits(input.get(), output_.get()));
+        return checkWritten();
+    }
+
+    /// Ends the code page's shift state, which runs through from part to part.
+    [[nodiscard]] bool end() {
+        u_fflush(output_.get());
+        return checkWritten();
+    }
+
+    [[nodiscard]] bool checkWritten() {
+        std::FILE* file = u_fgetfile(output_.get());
+        if (std::fflush(file) == 0 && std::ferror(file) == 0) return true;
+        trace("Problems writing to ", outputPath_, " with ", lastSource_);
+        return false;
+    }
+
+    std::string agreementPath_;
+    std::string informationPath_;
+    std::string outputPath_;
+    std::string lastSource_;
+    EncodedFile output_;
+};
+
+bool copyIfPresent(const RunContext& context, const std::string& name) {
+    const std::string source = joinPath(context.licenseDir, name);
+    const std::string copy = joinPath(context.licenseCopyDir, name + copySuffix);
+    return !fileExists(source) || copyFileConverted(source.c_str(), licenseCodePage, copy.c_str(), nullptr);
+}
+
+void writeMasterStatusFile(const RunContext& context) {
+    const std::string path = masterStatusPath(context);
+    const bool written = makeDirectoryPath(context.masterPath) && writeStatusFile(context, path);
+    trace(written ? "Master status.dat written successfully to " : "Unable to write the master status.dat to ", path);
+}
+
+}  // namespace
+
+bool writeLicenseFiles(const RunContext& context) {
+    trace("Writing license files...");
+    for (const LanguageEntry& language : activeLanguages(context)) {
+        if (!LanguageCopy(context, language).write()) return false;
+    }
+    return copyIfPresent(context, nonVurTermsName) && copyIfPresent(context, noticesName);
+}
+
+bool writeStatusFiles(const RunContext& context) {
+    if (context.hasMasterPath != 0) writeMasterStatusFile(context);
+
+    const bool written = makeDirectoryPath(context.licenseCopyDir) && writeLicenseFiles(context) &&
+                         writeStatusFile(context, localStatusPath(context));
+    const int error = errno;
+    if (written) {
+        trace("All status and license files written successfully");
+    } else {
+        trace("Problem writing status files, errno = ", error);
+    }
+    return written;
+}
+
+}  // namespace zev

@@ -1,0 +1,87 @@
+#include "files/status_file.h"
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fstream>
+
+#include "app/debug_trace.h"
+#include "app/exit_code.h"
+#include "app/run_context.h"
+#include "files/encoded_text_file.h"
+
+namespace zev {
+
+namespace {
+
+constexpr const char* statusFileName = "status.dat";
+constexpr char commentMark = '#';
+
+std::string statusLine() { return "Status=" + std::to_string(exit_code::accepted); }
+
+/// The local date and time, in the names of the POSIX locale; empty where the time zone's own name leaves no room.
+std::string currentDate() {
+    const std::time_t now = std::time(nullptr);
+    std::array<char, 50> date;
+    const auto size = std::strftime(date.data(), date.size(), "%a %b %d %H:%M:%S %Z %Y", std::localtime(&now));
+    return {date.data(), size};
+}
+
+}  // namespace
+
+std::string localStatusPath(const RunContext& context) { return joinPath(context.licenseCopyDir, statusFileName); }
+
+std::string masterStatusPath(const RunContext& context) { return joinPath(context.masterPath, statusFileName); }
+
+bool writeStatusFile(const RunContext&, const std::string& path) {
+    std::ofstream file(path);
+    if (!file.is_open()) {
+        trace("Unable to open output file ", path);
+        return false;
+    }
+    file << commentMark << currentDate() << '\n' << statusLine() << '\n';
+    file.close();
+    return !file.fail();
+}
+
+bool checkStatusFile(const RunContext&, const std::string& path) {
+    std::ifstream file(path);
+    if (!file.is_open()) {
+        trace("No status.dat found at ", path);
+        return false;
+    }
+    std::array<char, 80> line;
+    do {
+        file.getline(line.data(), line.size());
+    } while ((line[0] == '\0' || line[0] == commentMark) && file.good());
+
+    const bool valid = line.data() == statusLine();
+    trace(valid ? "Valid status.dat found at " : "Invalid status.dat found at ", path);
+    return valid;
+}
+
+bool checkAccepted(const RunContext& context) {
+    return checkStatusFile(context, localStatusPath(context)) ||
+           (context.hasMasterPath != 0 && checkStatusFile(context, masterStatusPath(context)));
+}
+
+bool prepareStatusDirectory(const RunContext& context, int& exitCode) {
+    if (!makeDirectoryPath(context.statusDir)) {
+        exitCode = exit_code::noStatusDirectory;
+        return false;
+    }
+    // Deliberately not where the status file will lie, but one level above it.
+    const std::string probePath = joinPath(context.statusDir, statusFileName);
+    if (fileExists(probePath)) return true;
+    std::ofstream probe(probePath);
+    if (!probe.is_open()) {
+        exitCode = exit_code::statusDirectoryClosed;
+        return false;
+    }
+    probe.close();
+    std::remove(probePath.c_str());
+    return true;
+}
+
+}  // namespace zev
