@@ -1,0 +1,30 @@
+#pragma once
+
+#include <unicode/locid.h>
+
+#include <fstream>
+
+namespace zev {
+
+struct RunContext;
+
+/// What one dialogue works on.
+struct LicenseDialog {
+    /// Opens the command log and measures the terminal. `runContext` outlives the dialogue.
+    explicit LicenseDialog(RunContext& runContext);
+    LicenseDialog(const LicenseDialog&) = delete;
+    LicenseDialog& operator=(const LicenseDialog&) = delete;
+
+    RunContext& context;
+    bool alternativeLanguageAvailable;  ///< the chosen language is not English, so English is the alternative
+    icu::Locale chosenLocale;
+    icu::Locale englishLocale;
+    const icu::Locale* currentLocale;  ///< one of the two above
+    std::ofstream commandLog;          ///< open when `-cmdlog` names a file that can be written
+};
+
+/// Switches between the chosen language and English; false, and nothing changes, when there is no alternative. Where
+/// the other language's licence is missing, the result is true all the same and the context keeps its language.
+bool toggleLanguage(LicenseDialog& dialog);
+
+}  // namespace zev

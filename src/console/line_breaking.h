@@ -1,0 +1,37 @@
+#pragma once
+
+#include <unicode/unistr.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zev {
+
+struct LicenseDialog;
+
+/// Display lines in order, each with an appended line feed.
+using TextLines = std::vector<icu::UnicodeString>;
+
+/// The width of a text in columns. In Japanese, Korean and Chinese every code unit beyond ASCII takes two columns (a
+/// surrogate pair thus four); elsewhere every code unit takes one.
+[[nodiscard]] int32_t displayWidth(const LicenseDialog& dialog, const icu::UnicodeString& text);
+
+/// Cuts a text into lines narrower than `width` columns, at the break opportunities of Unicode Standard Annex #14 as
+/// ICU has them for the dialogue's current locale, and at the line feeds of the text:
+///
+///     The |quick |brown-|fox.\n|Done    permitted breaks
+///
+///     The quick                         at width 12: trailing blanks stay and count, and
+///     brown-fox.                        a line holds at most 11 columns with its line feed
+///     Done
+///
+/// A piece between two breaks that alone is too wide is cut after exactly `width` code units, whatever stands there. In
+/// the double-width languages such a cut may run past the next break or the end of the text; the lines that follow
+/// then start over from that break. That is deliberate, as is the cut inside a surrogate pair.
+///
+/// Takes time in proportion to text and result. Null on failure, an empty text included; the trace has the cause.
+[[nodiscard]] std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text,
+                                                   int32_t width);
+
+}  // namespace zev

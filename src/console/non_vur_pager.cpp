@@ -1,0 +1,49 @@
+#include "console/non_vur_pager.h"
+
+#include <array>
+#include <iostream>
+
+#include "app/debug_trace.h"
+#include "console/console_input.h"
+#include "console/license_dialog.h"
+#include "console/line_breaking.h"
+#include "console/terminal_geometry.h"
+#include "console/text_output.h"
+#include "files/license_text_set.h"
+
+namespace zev {
+
+namespace {
+
+/// Deliberately in English in every language.
+constexpr const char* morePrompt = "-- More, \"q\" to quit --";
+
+}  // namespace
+
+bool showNonVurTerms(LicenseDialog& dialog) {
+    icu::UnicodeString text;
+    if (!readNonVurText(dialog.context, text)) {
+        trace("Error getting non-VUR license text");
+        return false;
+    }
+    const auto lines = breakText(dialog, text, screenWidth);
+    if (!lines) {
+        trace("Failed breakText for non-VUR license text");
+        return false;
+    }
+
+    const uint32_t pageLines = textLinesPerPage(0);
+    std::array<char, answerSize> answer;
+    std::size_t next = 0;
+    do {
+        const uint32_t shown = writeLines(*lines, next, pageLines);
+        next += shown;
+        fillPage(shown, pageLines);
+        writeEmptyLines(2);
+        std::cout << morePrompt << '\n';
+        readInput(dialog, answer);
+    } while (answer[0] != 'q' && answer[0] != 'Q');
+    return true;
+}
+
+}  // namespace zev

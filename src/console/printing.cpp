@@ -1,0 +1,84 @@
+#include "console/printing.h"
+
+#include <unicode/unistr.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "app/debug_trace.h"
+#include "app/run_context.h"
+#include "console/license_dialog.h"
+#include "console/line_breaking.h"
+#include "files/encoded_text_file.h"
+#include "files/license_text_set.h"
+#include "lang/resource.h"
+
+namespace zev {
+
+namespace {
+
+constexpr int32_t printWidth = 60;
+
+bool readDocument(const RunContext& context, icu::UnicodeString& text) {
+    if (!readLicenseText(context, text)) {
+        trace("Error getting license text");
+        return false;
+    }
+    if (!nonVurTermsExist(context.licenseDir)) return true;
+    icu::UnicodeString terms;
+    if (!readNonVurText(context, terms)) {
+        trace("Error getting non-VUR license text");
+        return false;
+    }
+    text.append(u'\n').append(terms);
+    return true;
+}
+
+/// When this fails to lay out the text, the file stays behind, empty.
+bool writeDocument(const LicenseDialog& dialog, icu::UnicodeString& text, const std::string& path) {
+    const EncodedFile file = openEncoded(path, "w", nullptr);
+    if (!file) {
+        trace("Unable to create file ", path);
+        return false;
+    }
+    trace("creating temp file ", path, " in codepage ", u_fgetcodepage(file.get()));
+    const auto lines = breakText(dialog, text, printWidth);
+    if (!lines) {
+        trace("Failed breakText for license text");
+        return false;
+    }
+    int32_t written = 0;
+    for (icu::UnicodeString& line : *lines) written += u_fprintf(file.get(), "%S", line.getTerminatedBuffer());
+    trace("Wrote ", written, " characters to temp file");
+    return true;
+}
+
+/// Runs a print command on the document. When tracing, its own messages reach the terminal.
+bool runPrintCommand(const std::string& command, const std::string& path) {
+    const char* redirection = runOptions.debugEnabled ? "" : " >/dev/null 2>&1";
+    std::cout.flush();
+    const int status = std::system((command + " " + path + redirection).c_str());
+    if (status == 0) return true;
+    trace("Got ", command, " return code : ", status);
+    return false;
+}
+
+}  // namespace
+
+bool printLicense(const LicenseDialog& dialog) {
+    trace("Doing print LA");
+    icu::UnicodeString text;
+    if (!readDocument(dialog.context, text)) return false;
+
+    const std::string path =
+        "/tmp/zevdoc_" + std::to_string(getpid()) + "_" + dialog.context.resource->getLanguageCode() + ".text";
+    if (!writeDocument(dialog, text, path)) return false;
+    if (runPrintCommand("lp", path) || runPrintCommand("lpr", path)) return true;
+    std::remove(path.c_str());
+    return false;
+}
+
+}  // namespace zev
