@@ -9,7 +9,7 @@ constinit const CatalogueTexts es{
     .INSTRUCTIONS_KEY = latin1<
         u"Lea detenidamente el contrato de licencia adjunto antes de utilizar el Programa. Al seleccionar \"Aceptar\" "
         u"más abajo o al utilizar el Programa, usted declara que acepta los términos de este contrato. Si selecciona "
-        u"\"Rechazar\", la instalación no se completará y no podrá utilizar el Programa. ">,
+        u"\"Rechazar\", la instalación no se completará y usted no podrá utilizar el Programa. ">,
     .ACCEPT_KEY = escaped<u"Aceptar">,
     .DECLINE_KEY = escaped<u"Rechazar">,
     .PRINT_KEY = escaped<u"Imprimir">,
@@ -36,7 +36,7 @@ constinit const CatalogueTexts es{
     .CLIINTROMSG_KEY = escaped<
         u"Pulse Intro para mostrar el contrato de licencia en la pantalla. Lea detenidamente el contrato antes de "
         u"instalar el Programa. Una vez leído el contrato, tendrá la posibilidad de aceptarlo o rechazarlo. Si decide "
-        u"rechazar el contrato, la instalación no se completará y no podrá utilizar el Programa.\n">,
+        u"rechazar el contrato, la instalación no se completará y usted no podrá utilizar el Programa.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Pulse Intro para seguir viendo el contrato de licencia o escriba uno de los números siguientes: \"1\" "
         u"Aceptar el contrato, \"2\" Rechazar el contrato, \"99\" Volver a la pantalla anterior.\n">,
@@ -46,7 +46,7 @@ constinit const CatalogueTexts es{
         u"escriba \"1\" para aceptar el contrato de licencia o pulse Intro para seguir leyendo el contrato.\n">,
     .CLIACCMSG_KEY = escaped<
         u"Ha terminado de ver el contrato de licencia. Escriba \"1\" para aceptar el contrato o \"2\" para rechazarlo. "
-        u"Si decide rechazar el contrato, la instalación no se completará y no podrá utilizar el Programa.\n">,
+        u"Si decide rechazar el contrato, la instalación no se completará y usted no podrá utilizar el Programa.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Se ha producido un error de impresora. El contrato de licencia no se imprimirá.">,

@@ -40,8 +40,8 @@ constinit const CatalogueTexts fr{
         u"refuser. Si vous choisissez de refuser le contrat, l'installation ne sera pas menée à son terme et vous ne "
         u"pourrez pas utiliser le Programme.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Appuyez sur Entrée pour poursuivre la consultation du contrat de licence, ou saisissez \"1\" pour accepter "
-        u"le contrat, \"2\" pour le refuser ou \"99\" pour revenir à l'écran précédent.\n">,
+        u"Appuyez sur Entrée pour poursuivre la consultation du contrat de licence ou saisissez l'un des numéros "
+        u"suivants\u00A0: \"1\" Accepter le contrat, \"2\" Refuser le contrat, \"99\" Revenir à l'écran précédent.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Vous avez choisi de refuser le contrat de licence. Il sera mis fin à l'installation du Programme. Si vous "
         u"êtes certain de vouloir refuser le contrat de licence, saisissez de nouveau \"2\" pour confirmer. Sinon, "

@@ -17,7 +17,7 @@ constinit const CatalogueTexts zh_TW{
     .NO_KEY = escaped<u"否">,
     .DECLINED_KEY = escaped<
         u"您已選擇拒絕授權合約。安裝作業並未完成。您可以稍後重新開始安裝，"
-        u"也可以將本程式退還給您取得本程式的對象（VUR 或其經銷商），並要求退款。">,
+        u"也可以將本程式退還給向您提供本程式的一方（VUR 或其經銷商），並要求退款。">,
     .CONFIRMDECLINE_KEY = escaped<u"您確定要拒絕授權合約嗎？">,
     .CLILANGMENU_KEY = escaped<
         u"Software Licensing Agreement\n"
