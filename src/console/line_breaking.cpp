@@ -93,6 +93,19 @@ std::unique_ptr<icu::BreakIterator> createLineIterator(const icu::Locale& locale
     return nullptr;
 }
 
+/// An empty result, with room for the lines that end at a line feed; null when memory is short.
+std::unique_ptr<TextLines> createLines(const icu::UnicodeString& text) {
+    try {
+        auto lines = std::make_unique<TextLines>();
+        const char16_t* units = text.getBuffer();
+        lines->reserve(static_cast<std::size_t>(std::count(units, units + text.length(), newline)) + 1);
+        return lines;
+    } catch (const std::bad_alloc&) {
+        trace("Unable to allocate result in breakText");
+        return nullptr;
+    }
+}
+
 /// Appends `text` from `begin` to `end`, both pinned to the text and an end before the begin taken for none. `block`
 /// numbers the three places that make lines, for the trace. False when memory is short.
 bool addLine(TextLines& lines, const icu::UnicodeString& text, int32_t begin, int32_t end, int block) {
@@ -124,12 +137,8 @@ std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::Uni
     int32_t end = start;
     int32_t nextPos = iterator->next();
 
-    std::unique_ptr<TextLines> lines(new (std::nothrow) TextLines);
-    if (!lines) {
-        trace("Unable to allocate result in breakText");
-        return nullptr;
-    }
-
+    auto lines = createLines(text);
+    if (!lines) return nullptr;
     CandidateWidth candidate(dialog, text);
     NewlineSearch newlines(text);
     while (end != icu::BreakIterator::DONE) {

@@ -26,9 +26,10 @@ using TextLines = std::vector<icu::UnicodeString>;
 ///     brown-fox.                        a line holds at most 11 columns with its line feed
 ///     Done
 ///
-/// A piece between two breaks that alone is too wide is cut after exactly `width` code units, whatever stands there. In
-/// the double-width languages such a cut may run past the next break or the end of the text; the lines that follow
-/// then start over from that break. That is deliberate, as is the cut inside a surrogate pair.
+/// A piece between two breaks that alone is too wide is cut after exactly `width` code units, whatever stands there,
+/// even inside a surrogate pair. In the double-width languages such a cut may run past the next break, past a line feed
+/// or past the end of the text; where the next piece is too wide as well, an empty line follows and the text starts
+/// over from that break. All that is deliberate.
 ///
 /// Takes time in proportion to text and result. Null on failure, an empty text included; the trace has the cause.
 [[nodiscard]] std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text,
