@@ -86,8 +86,8 @@ void writeMasterStatusFile(const RunContext& context) {
 
 bool writeLicenseFiles(const RunContext& context) {
     trace("Writing license files...");
-    for (const LanguageEntry& language : activeLanguages(context)) {
-        if (!LanguageCopy(context, language).write()) return false;
+    for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
+        if (!LanguageCopy(context, *language).write()) return false;
     }
     return copyIfPresent(context, nonVurTermsName) && copyIfPresent(context, noticesName);
 }

@@ -107,8 +107,8 @@ bool checkLanguageFiles(const RunContext& context, const std::string& code) {
 
 bool checkAllLicenseFiles(const RunContext& context) {
     bool complete = true;
-    for (const LanguageEntry& language : activeLanguages(context)) {
-        if (!checkLanguageFiles(context, language.code)) complete = false;
+    for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
+        if (!checkLanguageFiles(context, language->code)) complete = false;
     }
     if (!complete) std::cout << "Error: License agreement file missing. Aborted." << std::endl;
     return complete;

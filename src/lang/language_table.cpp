@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string_view>
 
 #include "app/run_context.h"
@@ -40,9 +41,7 @@ constexpr auto languageTable3 = [] {
     return table;
 }();
 
-}  // namespace
-
-std::span<const LanguageEntry> activeLanguages(const RunContext& context) {
+std::span<const LanguageEntry> activeTable(const RunContext& context) {
     switch (context.languageSet) {
         case alternativeLanguageSet: return languageTable3;
         case defaultLanguageSet: return languageTable4;
@@ -50,17 +49,19 @@ std::span<const LanguageEntry> activeLanguages(const RunContext& context) {
     }
 }
 
-unsigned languageCount(const RunContext& context) { return static_cast<unsigned>(activeLanguages(context).size()); }
+}  // namespace
+
+unsigned languageCount(const RunContext& context) { return static_cast<unsigned>(activeTable(context).size()); }
 
 const LanguageEntry* languageEntry(const RunContext& context, unsigned index) {
-    return index < languageCount(context) ? &activeLanguages(context)[index] : nullptr;
+    return index < languageCount(context) ? &activeTable(context)[index] : nullptr;
 }
 
 const char* matchLanguage(const RunContext& context, const char* language) {
-    const auto languages = activeLanguages(context);
+    const auto table = activeTable(context);
     const auto match = std::ranges::find_if(
-        languages, [&](const LanguageEntry& entry) { return std::string_view(language).starts_with(entry.code); });
-    return match != languages.end() ? match->code : nullptr;
+        table, [&](const LanguageEntry& entry) { return std::string_view(language).starts_with(entry.code); });
+    return match != table.end() ? match->code : nullptr;
 }
 
 }  // namespace zev

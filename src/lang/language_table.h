@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <span>
-
 namespace zev {
 
 struct RunContext;
@@ -13,12 +10,11 @@ struct LanguageEntry {
     const char* englishName;  ///< the base name of the licence copy
 };
 
-/// The languages of the context's set, in the order that matching and recording follow; none for an unknown set.
-[[nodiscard]] std::span<const LanguageEntry> activeLanguages(const RunContext& context);
-
+/// How many languages the context's set has; none when there is no such set.
 [[nodiscard]] unsigned languageCount(const RunContext& context);
 
-/// Null when `index` is not below the count.
+/// The languages of the set from index 0 upwards, in the order that matching and recording follow; null behind the
+/// last.
 [[nodiscard]] const LanguageEntry* languageEntry(const RunContext& context, unsigned index);
 
 /// The first code of the active set with which `language` begins, or null. Deliberately "zh" for "zh_TW" too: the

@@ -1,0 +1,66 @@
+#include <gmock/gmock.h>
+
+#include "support/process.h"
+
+namespace zev::test {
+namespace {
+
+constexpr const char* usage = R"(DEBUG: zev version v1.1-0
+DEBUG: Usage: zev {<option>}
+DEBUG: Required options:
+DEBUG:   -l <la_path>        = Specify location of input license files
+DEBUG:   -s <status_path>    = Specify location of target status file
+DEBUG: Optional options:
+DEBUG:   -m <master_path>    = Specify master path for group install
+DEBUG:   -show_exit_code     = Show exit code on program termination
+DEBUG:   -t <status>         = 
+DEBUG:   -setlang <language> = Specify a preferred language
+DEBUG:   -version            = Show version information
+DEBUG:   -debug {<filename>} = Output debug messages to stderr or specified filename
+DEBUG:   -langset 3          = Specify alt set of supported languages (DFLT=4)
+)";
+
+TEST(CommandLine, refusesABadOneWithItsCodeAndTraceLine) {
+    struct Row {
+        Arguments arguments;
+        int exitCode;
+        std::string message;
+    };
+    const Row rows[]{
+        {{}, 17, "Options -l and -s are mandatory"},
+        {{"-l", "a"}, 17, "Options -l and -s are mandatory"},
+        {{"-l", "", "-s", "b"}, 17, "Options -l and -s are mandatory"},
+        {{"-l"}, 18, "Option -l requires a path argument"},
+        {{"-s"}, 18, "Option -s requires a path argument"},
+        {{"-m"}, 18, "Option -m requires a path argument"},
+        {{"-t"}, 18, "Option -t requires an argument"},
+        {{"-setlang"}, 18, "Option -setlang requires an argument"},
+        {{"-cmdlog"}, 18, "Option -cmdlog requires an argument"},
+        {{"-dimout"}, 18, "Option -dimout requires an argument"},
+        {{"-langset"}, 18, "Option -langset requires an argument"},
+        {{"-t", "05"}, 18, "Invalid argument for -t option"},
+        {{"-langset", "4"}, 18, "Invalid -langset argument"},
+        {{"-langset", "33"}, 18, "Invalid -langset argument"},
+        {{"-l", "a", "-s", "b", "-T"}, 18, "Unknown option : -T"},
+        {{"-l", "-s", "b"}, 18, "Unknown option : b"},
+        {{"-x", "-version"}, 18, "Unknown option : -x"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.message + testing::PrintToString(row.arguments));
+        const Finished silent = run(row.arguments);
+        EXPECT_EQ(silent.exitCode, row.exitCode);
+        EXPECT_EQ(silent.out, "Exited with: " + std::to_string(row.exitCode) + "\n");
+        EXPECT_EQ(silent.err, "");
+        EXPECT_EQ(run(row.arguments, {{"ZEV_DEBUG", ""}}).err, "DEBUG: " + row.message + "\n" + usage);
+    }
+}
+
+TEST(CommandLine, goesOnAfterTheVersionAndTakesTheLaterOfTwoValues) {
+    const Finished finished = run({"-version", "-debug", "-l", "a", "-s", "/dev/null/x", "-l", "b", "-langset", "3x"});
+    EXPECT_EQ(finished.out, "v1.1-0\nExited with: 20\n");
+    EXPECT_THAT(finished.err, testing::StartsWith("DEBUG: ZEV version v1.1-0 started\nDEBUG: Tool invoked as: zev "
+                                                  "-version -debug -l a -s /dev/null/x -l b -langset 3x\n"));
+}
+
+}  // namespace
+}  // namespace zev::test

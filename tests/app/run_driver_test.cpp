@@ -1,0 +1,91 @@
+#include <gmock/gmock.h>
+
+#include "support/process.h"
+
+namespace zev::test {
+namespace {
+
+TEST(RunDriver, remembersAnAcceptanceAndRecordsItAnew) {
+    const Sandbox sandbox;
+    EXPECT_EQ(run(sandbox.arguments(), {}, "1\n").exitCode, 9);
+    EXPECT_FALSE(sandbox.has("status/status.dat")) << "the probe leaves nothing behind";
+    sandbox.remove("status/license/German.txt");
+    EXPECT_EQ(run(sandbox.arguments({"-show_exit_code"})).out, "Exited with: 9\n");
+    EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
+    EXPECT_EQ(run(sandbox.arguments()).out, "");
+}
+
+TEST(RunDriver, recordsNothingWhenDeclined) {
+    const Sandbox sandbox;
+    const Finished finished = run(sandbox.arguments({"-show_exit_code"}), {}, "2\n2\n");
+    EXPECT_EQ(finished.exitCode, 3);
+    EXPECT_THAT(finished.out, testing::EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
+    EXPECT_FALSE(sandbox.has("status/license"));
+}
+
+TEST(RunDriver, namesEveryMissingFileWhenTracing) {
+    const Sandbox sandbox;
+    sandbox.remove("licenses/LI_en");
+    sandbox.remove("licenses/LA_ru");
+    const std::string summary = "Error: License agreement file missing. Aborted.\nExited with: 11\n";
+    const std::string missing = "Error: Missing license file " + sandbox.path("licenses/");
+    EXPECT_EQ(run(sandbox.arguments()).out, summary);
+    EXPECT_EQ(run(sandbox.arguments({"-debug"})).out, missing + "LI_en\n" + missing + "LA_ru\n" + summary);
+    EXPECT_EQ(run(sandbox.arguments({"-debug", "-langset", "3"})).out, missing + "LI_en\n" + summary);
+}
+
+TEST(RunDriver, failsWithTheCodeOfTheStageThatFailed) {
+    struct Row {
+        const char* name;
+        int exitCode;
+        void (*spoil)(const Sandbox&);
+        Arguments more;
+    };
+    const Row rows[]{
+        {"status directory below a file", 20, [](const Sandbox&) {}, {"-s", "/dev/null/status"}},
+        {"status directory that is a file", 21, [](const Sandbox& s) { s.write("status", ""); }, {}},
+        {"probe that cannot be created", 21, [](const Sandbox& s) { s.link("status/status.dat", "/no/where"); }, {}},
+        {"text of no lines",
+         23,
+         [](const Sandbox& s) { s.write("licenses/LA_en", ""), s.write("licenses/LI_en", ""); },
+         {}},
+        {"nothing to copy", 15, [](const Sandbox& s) { s.remove("licenses"); }, {"-t", "5"}},
+        {"copies cannot be created", 15, [](const Sandbox& s) { s.write("status/license", ""); }, {"-t", "5"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Sandbox sandbox;
+        row.spoil(sandbox);
+        const Finished finished = run(sandbox.arguments(row.more), {}, "1\n");
+        EXPECT_EQ(finished.exitCode, row.exitCode);
+        EXPECT_EQ(finished.out, "Exited with: " + std::to_string(row.exitCode) + "\n");
+    }
+}
+
+TEST(RunDriver, honoursThePreferredLanguageWhereItsFilesExist) {
+    const std::pair<const char*, const char*> rows[]{
+        {"fr_CA", R"(Using locale/resource for language fr
+DEBUG: Locale information:
+DEBUG:   isBogus        : no
+DEBUG:   language       : fr
+DEBUG:   country        : CA
+DEBUG:   variant        : 
+DEBUG:   name           : fr_CA
+DEBUG:   base name      : fr_CA
+DEBUG:   ISO 3 language : fra
+DEBUG:   ISO 3 country  : CAN
+)"},
+        {"zh_TW", "Using locale/resource for language zh\n"},
+        {"xx", "Could not setLocale for language xx\n"},
+        {"de", "Could not set locale, license not available for language de\n"},
+    };
+    const Sandbox sandbox;
+    sandbox.remove("licenses/LI_de");
+    for (const auto& [preferred, line] : rows) {
+        const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-setlang", preferred}));
+        EXPECT_THAT(finished.err, testing::HasSubstr(std::string("DEBUG: ") + line));
+    }
+}
+
+}  // namespace
+}  // namespace zev::test

@@ -1,0 +1,127 @@
+#include "console/line_breaking.h"
+
+#include <gtest/gtest.h>
+#include <unicode/brkiter.h>
+
+#include <random>
+
+#include "app/run_context.h"
+#include "app/run_options.h"
+#include "console/license_dialog.h"
+#include "lang/environment_locale.h"
+#include "lang/resource.h"
+
+namespace zev::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+std::string adopt(const std::string& language) {
+    setenv("LC_ALL", (language + ".UTF-8").c_str(), 1);
+    adoptEnvironmentLocale();
+    return ".";
+}
+
+/// A dialogue in one language.
+struct Speaker {
+    explicit Speaker(const std::string& language) : context(adopt(language), ".", 4), dialog(context) {}
+
+    /// The lines of a text without the line feed that ends each.
+    [[nodiscard]] Lines lines(const icu::UnicodeString& text, int32_t width) const {
+        Lines result;
+        const auto broken = breakText(dialog, text, width);
+        if (!broken) return {"<failed>"};
+        for (const icu::UnicodeString& line : *broken) {
+            EXPECT_TRUE(line.endsWith(u'\n'));
+            line.tempSubString(0, line.length() - 1).toUTF8String(result.emplace_back());
+        }
+        return result;
+    }
+
+    RunContext context;
+    const LicenseDialog dialog;
+};
+
+/// The algorithm in its plainest form, which measures and searches everything anew at every step.
+TextLines breakPlainly(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> iterator(
+        icu::BreakIterator::createLineInstance(*dialog.currentLocale, status));
+    iterator->setText(text);
+    TextLines lines;
+    int32_t start = iterator->first(), end = start, nextPos = iterator->next();
+    const auto add = [&](int32_t to) { lines.push_back(icu::UnicodeString(text, start, to - start) + u'\n'); };
+    while (end != icu::BreakIterator::DONE) {
+        const icu::UnicodeString candidate(text, start, nextPos - start);
+        if (const int32_t newline = text.indexOf(u'\n', start, end - start); newline >= 0) {
+            add(newline);
+            start = end = newline + 1;
+        } else if (displayWidth(dialog, candidate) < width) {
+            end = nextPos;
+            nextPos = iterator->next();
+        } else {
+            if (start == end) end = start + width;
+            add(end);
+            start = end;
+        }
+    }
+    if (iterator->last() > start) add(iterator->last());
+    return lines;
+}
+
+TEST(LineBreaking, keepsLinesNarrowerThanTheWidth) {
+    const Speaker english("en_US");
+    EXPECT_EQ(english.lines(u"The quick brown-fox.\nDone", 12), (Lines{"The quick ", "brown-fox.", "Done"}));
+    EXPECT_EQ(english.lines(u"one two six", 10), (Lines{"one two ", "six"}));
+    EXPECT_EQ(english.lines(u"abcdefgh x", 10), (Lines{"abcdefgh ", "x"}));
+    EXPECT_EQ(english.lines(u"abcdefghijklmnop", 10), (Lines{"abcdefghij", "klmnop"}));
+    EXPECT_EQ(english.lines(u"abcdefghij\nx", 10), (Lines{"abcdefghij", "", "x"})) << "the line feed counts too";
+    EXPECT_EQ(english.lines(u"a\n\nb\r\n", 80), (Lines{"a", "", "b\r"}));
+    EXPECT_EQ(english.lines(u"", 80), Lines{"<failed>"});
+}
+
+TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
+    for (const char* language : {"ja_JP", "ko_KR", "zh_TW", "zh"}) {
+        const Speaker speaker(language);
+        EXPECT_EQ(displayWidth(speaker.dialog, u"aé\U0001F600｡"), 1 + 2 + 4 + 2) << language;
+        EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->front().length(), 39 + 1) << "78 columns";
+        // Six letters are too wide and cut after ten units, in the next word. Where that word's rest is too wide as
+        // well, it starts over from its own break.
+        EXPECT_EQ(speaker.lines(u"абвгде жзик", 10), (Lines{"абвгде жзи", "к"}));
+        EXPECT_EQ(speaker.lines(u"абвгде жзиклмнопрст", 10), (Lines{"абвгде жзи", "", "жзиклмнопр", "ст"}));
+        EXPECT_EQ(speaker.lines(u"абвгд\nя", 10), (Lines{"абвгд\nя"})) << "past a line feed and the end";
+    }
+    EXPECT_EQ(displayWidth(Speaker("el").dialog, u"aλ\U0001F600"), 4);
+}
+
+TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {
+    const icu::UnicodeString alphabets[]{u"ab -\n",
+                                         u"word \n\r\t/.,(\"",
+                                         u"字、「か゚ー a",
+                                         u"абв г\nд",
+                                         u"กขค าะ\n",
+                                         u"한국 어\n",
+                                         u"\U0001F600é \u00AD\u200B\u00A0\n"};
+    std::mt19937 random(20260101);
+    const auto upTo = [&](int32_t most) { return std::uniform_int_distribution<int32_t>(0, most)(random); };
+    for (const char* language : {"en_US", "fr", "ja_JP", "ko", "zh_TW"}) {
+        const Speaker speaker(language);
+        for (int round = 0; round < 400; ++round) {
+            const auto& alphabet = alphabets[upTo(6)];
+            const int32_t length = 1 + upTo(200), longestRun = upTo(40);
+            icu::UnicodeString text;
+            while (text.length() < length) {
+                // Runs of one unit make words of every length.
+                const char16_t unit = alphabet[upTo(alphabet.length() - 1)];
+                for (int32_t run = upTo(longestRun); run >= 0; --run) text.append(unit);
+            }
+            for (int32_t width = 1; width <= 90; width += 1 + upTo(8)) {
+                const auto lines = breakText(speaker.dialog, text, width);
+                ASSERT_EQ(*lines, breakPlainly(speaker.dialog, text, width)) << language << " at " << width;
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zev::test

@@ -1,0 +1,93 @@
+#include <gmock/gmock.h>
+
+#include "support/process.h"
+
+namespace zev::test {
+namespace {
+
+using testing::HasSubstr;
+
+/// Unattended runs, which record an acceptance and do nothing else.
+class LicenseCopies : public testing::Test {
+protected:
+    int record(const char* locale = "en_US.UTF-8", const Arguments& more = {}) {
+        Arguments all = sandbox.arguments({"-debug", "-t", "5"});
+        all.insert(all.end(), more.begin(), more.end());
+        const Finished finished = run(all, {{"LC_ALL", locale}});
+        trace = finished.err;
+        return finished.exitCode;
+    }
+    [[nodiscard]] std::string copy(const std::string& name) const { return sandbox.read("status/license/" + name); }
+
+    const Sandbox sandbox;
+    std::string trace;
+};
+
+TEST_F(LicenseCopies, areWrittenInTheCodePageOfTheProcess) {
+    sandbox.write("licenses/LA_ja", utf16(u"許諾é"));
+    sandbox.write("licenses/LI_ja", utf16(u"\nx"));
+    sandbox.write("licenses/notices", utf16(u"é"));
+    const std::pair<const char*, std::string> rows[]{
+        {"ja_JP.UTF-8", "許諾é\nx"},
+        {"ja_JP.eucJP", "\xB5\xF6\xC2\xFA\x8F\xAB\xB1\nx"},
+        {"ja_JP.ISO-2022-JP", "\x1B$B5vBz\x1B(B\x1A\nx"},
+        {"fr_FR.ISO-8859-1", "\x1A\x1A\xE9\nx"},
+        {"fr_FR", "\x1A\x1A\x1A\nx"},
+    };
+    for (const auto& [locale, bytes] : rows) {
+        EXPECT_EQ(record(locale), 9);
+        EXPECT_EQ(copy("Japanese.txt"), bytes) << locale;
+    }
+    EXPECT_EQ(copy("notices.txt"), "\x1A");
+    EXPECT_FALSE(sandbox.has("status/license/non_vur_license.txt"));
+    // The information file is announced under the path of the agreement.
+    const std::string path = sandbox.path("licenses/LA_de") + " in codepage UTF-16\n";
+    EXPECT_THAT(trace, HasSubstr("DEBUG: Reading LA file " + path + "DEBUG: Reading LI file " + path));
+}
+
+TEST_F(LicenseCopies, stopAtTheFirstFailureAndLeaveWhatIsThere) {
+    sandbox.remove("licenses/LI_it");
+    sandbox.remove("licenses/LA_ko");
+    sandbox.write("status/license/status.dat", "old");
+    EXPECT_EQ(record("C", {"-langset", "3"}), 15);
+    EXPECT_FALSE(sandbox.has("status/license/Greek.txt")) << "not in the smaller set";
+    EXPECT_EQ(copy("Italian.txt"), "it agreement\n");
+    EXPECT_EQ(copy("Korean.txt"), "");
+    EXPECT_FALSE(sandbox.has("status/license/Polish.txt"));
+    EXPECT_EQ(copy("status.dat"), "old");
+    EXPECT_THAT(trace, HasSubstr("DEBUG: Unable to open LA file " + sandbox.path("licenses/LA_ko") +
+                                 "\nDEBUG: Problem writing status files, errno = 2\n"));
+}
+
+TEST_F(LicenseCopies, noticeWhatCannotBeWritten) {
+    const std::string problem = "DEBUG: Problem writing status files, errno = 28\n";
+    sandbox.link("status/license/German.txt", "/dev/full");
+    EXPECT_EQ(record(), 15);
+    EXPECT_THAT(trace, HasSubstr("DEBUG: Problems writing to " + sandbox.path("status/license/German.txt") + " with " +
+                                 sandbox.path("licenses/LA_de") + "\n" + problem));
+
+    sandbox.remove("status/license/German.txt");
+    sandbox.write("licenses/notices", utf16(u"n"));
+    sandbox.link("status/license/notices.txt", "/dev/full");
+    EXPECT_EQ(record(), 9) << "the copies for all languages are blind";
+
+    sandbox.link("status/license/status.dat", "/dev/full");
+    EXPECT_EQ(record(), 15);
+    EXPECT_THAT(trace, HasSubstr(problem));
+}
+
+TEST_F(LicenseCopies, doNotDependOnTheMasterStatusFile) {
+    const std::string written = "DEBUG: Master status.dat written successfully to ";
+    const std::string failed = "DEBUG: Unable to write the master status.dat to ";
+    sandbox.link("full/status.dat", "/dev/full");
+    const std::pair<const char*, std::string> rows[]{{"m/n", written}, {"full", failed}, {"licenses/LA_en/m", failed}};
+    for (const auto& [master, line] : rows) {
+        const std::string path = sandbox.path(master);
+        EXPECT_EQ(record("C", {"-m", path}), 9);
+        EXPECT_THAT(trace, HasSubstr(line + path + "/status.dat\n"));
+    }
+    EXPECT_THAT(sandbox.read("m/n/status.dat"), testing::EndsWith("\nStatus=9\n"));
+}
+
+}  // namespace
+}  // namespace zev::test

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <set>
+#include <string_view>
+
+#include "app/run_context.h"
+#include "app/run_options.h"
+#include "lang/catalogues/catalogues.h"
+#include "lang/environment_locale.h"
+#include "lang/language_table.h"
+#include "lang/resource_factory.h"
+
+namespace zev::test {
+namespace {
+
+/// The texts of a catalogue by slot number.
+using Slots = std::array<StoredText, 23>;
+
+Slots slotsOf(const CatalogueTexts& texts) { return std::bit_cast<Slots>(texts); }
+
+TEST(Catalogue, storesEscapesAndLatin1OnlyWhereItAlwaysDid) {
+    using namespace catalogues;
+    const std::set<std::string> withRawSlots{"es", "fr", "de", "it", "pt"};
+    for (const auto* texts : {&cs, &de, &el, &en, &es, &fr, &it, &ja, &ko, &lt, &pl, &pt, &ru, &sl, &tr, &zh, &zh_TW}) {
+        const Slots slots = slotsOf(*texts);
+        std::set<std::size_t> raw;
+        for (std::size_t slot = 1; slot < slots.size(); ++slot) {
+            SCOPED_TRACE(std::string(slots[0]) + " slot " + std::to_string(slot));
+            const std::string_view bytes = static_cast<const char*>(slots[slot]);
+            if (std::ranges::any_of(bytes, [](char byte) { return (byte & 0x80) != 0; })) raw.insert(slot);
+            EXPECT_FALSE(icu::UnicodeString(slots[slot], "ISO-8859-1").unescape().isEmpty());
+            const bool endsLine = std::string_view(slotsOf(en)[slot]).ends_with('\n') && bytes != "UNUSED";
+            EXPECT_EQ(bytes.ends_with('\n'), endsLine);
+        }
+        EXPECT_EQ(raw.empty(), !withRawSlots.contains(slots[0].operator const char*()));
+        EXPECT_TRUE(std::ranges::includes(std::set<std::size_t>{2, 3, 7, 8, 9, 10, 11}, raw)) << slots[0];
+    }
+}
+
+TEST(Catalogue, asksForTheNumbersThatTheDialogueUnderstands) {
+    setenv("LC_ALL", "C", 1);
+    adoptEnvironmentLocale();
+    const auto expectNumbers = [](const icu::UnicodeString& text, std::initializer_list<const char16_t*> numbers) {
+        for (const char16_t* number : numbers) EXPECT_GE(text.indexOf(u'"' + icu::UnicodeString(number) + u'"'), 0);
+    };
+    const RunContext context("", "", defaultLanguageSet);
+    for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
+        SCOPED_TRACE(language->code);
+        const auto resource = createResource(language->code, false);
+        EXPECT_STREQ(resource->getLanguageCode(), language->code);
+        const icu::UnicodeString prompt = resource->CLICONTMSG_KEY().unescape();
+        expectNumbers(prompt, {u"1", u"2", u"99"});
+        expectNumbers(resource->CLICFMMSG_KEY().unescape(), {u"1", u"2"});
+        expectNumbers(resource->CLIACCMSG_KEY().unescape(), {u"1", u"2"});
+        EXPECT_GE(icu::UnicodeString(u".。」").indexOf(prompt[prompt.length() - 2]), 0) << "what the choices follow";
+        EXPECT_GE(resource->DECLINED_KEY().indexOf(u"VUR"), 0);
+        EXPECT_GE(resource->NONVURTERMS_KEY().indexOf(u"VUR"), 0);
+    }
+}
+
+TEST(Catalogue, keepsTheOldCzechFaultInSixTexts) {
+    int faulty = 0;
+    for (const StoredText& stored : slotsOf(catalogues::cs)) {
+        const icu::UnicodeString text = icu::UnicodeString(stored, "US-ASCII").unescape();
+        if (text.indexOf(char16_t{0x9A}) < 0 && text.indexOf(char16_t{0x9E}) < 0) continue;
+        ++faulty;
+        EXPECT_TRUE(text.indexOf(u'š') < 0 && text.indexOf(u'ž') < 0);
+    }
+    EXPECT_EQ(faulty, 6);
+}
+
+TEST(Catalogue, isFoundByThePrefixOfACode) {
+    const std::pair<const char*, const char*> rows[]{
+        {"pt_BR", "pt"}, {"zh_TW", "zh_TW"}, {"zh_CN", "zh"}, {"english", "en"}, {"de", "de"}};
+    for (const auto& [code, found] : rows) EXPECT_STREQ(createResource(code, false)->getLanguageCode(), found);
+    for (const char* code : {"nl", "", "z", "EN"}) {
+        EXPECT_EQ(createResource(code, false), nullptr);
+        EXPECT_STREQ(createResource(code, true)->getLanguageCode(), "en");
+    }
+}
+
+TEST(LanguageTable, matchesTheFirstCodeThatBeginsTheLanguage) {
+    const auto matched = [](int set, const char* language) {
+        const char* code = matchLanguage(RunContext("", "", set), language);
+        return std::string(code != nullptr ? code : "none");
+    };
+    for (const char* language : {"el", "lt", "ru", "sl"}) {
+        EXPECT_EQ(matched(4, language), language);
+        EXPECT_EQ(matched(3, language), "none");
+    }
+    EXPECT_EQ(matched(4, "zh_TW"), "zh") << "traditional Chinese is never the display language";
+    EXPECT_EQ(matched(3, "pt_BR"), "pt");
+    for (const char* language : {"", "e", "EN", "nl"}) EXPECT_EQ(matched(4, language), "none");
+    EXPECT_EQ(matched(5, "en"), "none");
+
+    const RunContext alternative("", "", 3);
+    EXPECT_EQ(languageCount(alternative), 13U);
+    EXPECT_STREQ(languageEntry(alternative, 12)->englishName, "Chinese_TW");
+    EXPECT_EQ(languageEntry(alternative, 13), nullptr);
+}
+
+}  // namespace
+}  // namespace zev::test

@@ -1,0 +1,67 @@
+#include "lang/environment_locale.h"
+
+#include <gtest/gtest.h>
+#include <unicode/locid.h>
+
+#include <sstream>
+
+namespace zev::test {
+namespace {
+
+void adopt(const char* all, const char* type, const char* lang) {
+    setenv("LC_ALL", all, 1);
+    setenv("LC_CTYPE", type, 1);
+    setenv("LC_MESSAGES", "it_IT.UTF-8", 1);
+    setenv("LANG", lang, 1);
+    adoptEnvironmentLocale();
+}
+
+std::string written(const icu::UnicodeString& text) {
+    std::ostringstream out;
+    out << InCodePage{text};
+    return out.str();
+}
+
+TEST(EnvironmentLocale, takesTheFirstVariableThatIsSetAndNotEmpty) {
+    struct Row {
+        const char *all, *type, *lang, *locale, *codePage;
+    };
+    const Row rows[]{
+        {"", "", "", "en_US_POSIX", "US-ASCII"},
+        {"C", "", "fr_FR.UTF-8", "en_US_POSIX", "US-ASCII"},
+        {"", "POSIX.UTF-8", "", "en_US_POSIX", "UTF-8"},
+        {"pt_BR.ISO-8859-1", "de_DE.UTF-8", "fr_FR.UTF-8", "pt_BR", "ISO-8859-1"},
+        {"", "de_DE.UTF-8@euro", "fr_FR", "de_DE_EURO", "UTF-8"},
+        {"", "", "ja_JP.eucJP", "ja_JP", "eucJP"},
+        {"", "", "zh_TW", "zh_TW", "US-ASCII"},
+        {"", "", "fr_FR.no-such-set", "fr_FR", "US-ASCII"},
+        {"", "UTF-8", "fr_FR.ISO-8859-1", "fr_FR", "UTF-8"},
+        {"", "UTF-8", "", "en_US_POSIX", "UTF-8"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.all) + "|" + row.type + "|" + row.lang);
+        adopt(row.all, row.type, row.lang);
+        EXPECT_STREQ(icu::Locale().getName(), row.locale);
+        EXPECT_STREQ(codePage(), row.codePage);
+    }
+}
+
+TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
+    adopt("", "", "ja_JP");
+    EXPECT_EQ(written(u"a日"), "a\x1A");
+    adopt("", "", "fr_FR.ISO-8859-1");
+    EXPECT_EQ(written(u"é€"), "\xE9\x1A");
+    EXPECT_EQ(fromCodePage("\xE9"), icu::UnicodeString(u"é"));
+    adopt("", "", "en_US.UTF-8");
+    EXPECT_EQ(written(u"a\xD83D\n") + written(u"\xDE00\n"), "a\uFFFD\n\uFFFD\n") << "a pair that a hard cut has parted";
+    std::string expected;
+    icu::UnicodeString text;
+    for (int i = 0; i < 300; ++i) {
+        text.append(u"é\U0001F600");
+        expected += "é\U0001F600";
+    }
+    EXPECT_EQ(written(text), expected);
+}
+
+}  // namespace
+}  // namespace zev::test

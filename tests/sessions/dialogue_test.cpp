@@ -1,0 +1,142 @@
+#include <gmock/gmock.h>
+
+#include "support/process.h"
+
+namespace zev::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// An English agreement of the lines 1 to 30 on a screen of 300 columns, where every prompt is one line, and of 14
+/// lines, which leaves ten for text.
+class Dialogue : public testing::Test {
+protected:
+    void SetUp() override {
+        sandbox.write("licenses/LA_en", utf16(numbered(30)));
+        sandbox.write("licenses/LI_en", "");
+    }
+
+    static std::u16string numbered(int last) {
+        const std::string text = page(1, last, 0);
+        return {text.begin(), text.end()};
+    }
+    static std::string page(int first, int last, int empty) {
+        std::string text;
+        for (int i = first; i <= last; ++i) text += std::to_string(i) + "\n";
+        return text + std::string(static_cast<std::size_t>(empty), '\n');
+    }
+
+    /// A session that does not find what an earlier one recorded.
+    Finished answer(const std::string& input, Environment environment = {}) const {
+        environment.insert({{"COLUMNS", "300"}, {"LINES", "14"}, {"LC_ALL", "en_US.UTF-8"}});
+        sandbox.remove("status");
+        return run(sandbox.arguments(), environment, input);
+    }
+
+    const Sandbox sandbox;
+    const std::string prompt =
+        "\n\nPress Enter to continue viewing the license agreement, or, Enter \"1\" to accept the agreement, \"2\" to "
+        "decline it or \"99\" to go back to the previous screen, \"3\" Print.\n[INPUT] ==> ";
+    const std::string endPrompt =
+        "\n\nYou have completed viewing the license agreement. Enter \"1\" to accept the agreement or \"2\" to decline "
+        "it. If you choose to decline the agreement, installation will not be completed and you will not be able to "
+        "use the Program.\n[INPUT] ==> ";
+    const std::string confirmation =
+        "You have chosen to decline the license agreement. Installation of the Program will be terminated. If you are "
+        "sure you want to decline the license agreement, enter \"2\" again to confirm. Otherwise, enter \"1\" to "
+        "accept the license agreement, or press Enter to continue reading the agreement.\n\n[INPUT] ==> ";
+};
+
+TEST_F(Dialogue, pagesForwardAndBack) {
+    const std::string one = page(1, 10, 0) + prompt, two = page(11, 20, 0) + prompt,
+                      three = page(21, 30, 0) + endPrompt;
+    EXPECT_EQ(answer("\n\n\n\n99\n99\n99\n99\n1\n").out,
+              one + "\n" + two + "\n" + three + "\n" + endPrompt + "\n" + endPrompt + "99\n" +  // nothing left to show
+                  three + "99\n" + two + "99\n" + one + "99\n" + one + "1\n");
+}
+
+TEST_F(Dialogue, padsPagesExceptOnAScreenThatIsTooLowForAnyText) {
+    const std::pair<const char*, std::string> rows[]{
+        {"24", page(1, 20, 0) + prompt + "\n" + page(21, 30, 10) + endPrompt},
+        {"44", page(1, 30, 10) + endPrompt + "\n" + endPrompt},
+        {"4", prompt + "\n" + prompt},  // a page of exactly no lines
+        {"3", page(1, 30, 0) + endPrompt + "\n" + endPrompt},
+        {"1", page(1, 30, 0) + endPrompt + "\n" + endPrompt},
+    };
+    for (const auto& [lines, out] : rows) EXPECT_EQ(answer("\n1\n", {{"LINES", lines}}).out, out + "1\n") << lines;
+}
+
+TEST_F(Dialogue, repeatsThePromptForWhatItDoesNotKnow) {
+    const Finished finished = answer("0\nabc\n5\n4\n -7x\n4294967297\n");
+    EXPECT_EQ(finished.exitCode, 9) << "the last number wraps to 1";
+    EXPECT_EQ(finished.out, page(1, 10, 0) + prompt + "0\n" + prompt + "abc\n" + prompt + "5\n" + prompt + "4\n" +
+                                prompt + " -7x\n" + prompt + "4294967297\n");
+}
+
+TEST_F(Dialogue, asksTwiceBeforeItDeclines) {
+    const std::string two = page(11, 20, 0) + prompt;
+    const Finished finished = answer("\n2x\n 2\n2 \n\n2\n2\n", {{"ZEV_DEBUG", ""}});
+    EXPECT_EQ(finished.exitCode, 3);
+    EXPECT_EQ(finished.out, page(1, 10, 0) + prompt + "\n" + two + "2x\n" + confirmation + " 2\n" + confirmation +
+                                "2 \n" + confirmation + "\n" + two + "2\n" + confirmation + "2\n");
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Going back to the license\n"));
+    EXPECT_THAT(finished.err, testing::EndsWith("DEBUG: [INPUT] ==> 2\nDEBUG: License Rejected\n"));
+    EXPECT_EQ(answer("2\n1\n").exitCode, 9);
+}
+
+TEST_F(Dialogue, repeatsItsPromptWithoutEndOnceInputHasFailed) {
+    const std::string longLine = "0" + std::string(79, ' ');
+    for (const std::string& last : {std::string("\x04"), longLine}) {
+        Terminal terminal(24, 80, sandbox.arguments({"-cmdlog", sandbox.path("log")}), {});
+        terminal.waitFor("Press Enter");
+        terminal.type("-1");
+        terminal.type(last + "\n1\n1");
+        for (int i = 0; i < 5; ++i) terminal.waitFor("You have completed");
+        const std::string kept = last == longLine ? longLine.substr(0, 79) + "\n" : "";
+        EXPECT_THAT(sandbox.read("log"), StartsWith("-1\n" + kept + "\n\n\n\n"));
+    }
+}
+
+TEST_F(Dialogue, pagesThroughTheTermsOfOthers) {
+    sandbox.write("licenses/non_vur_license", utf16(numbered(15)));
+    const std::string more = "\n\n-- More, \"q\" to quit --\n[INPUT] ==> ";
+    std::string longer = page(1, 10, 0) + prompt;
+    longer.replace(longer.find("Print."), 6, "Print, \"4\" Read non-VUR terms.");
+    EXPECT_EQ(answer("4\n\n q\nQuit\n1\n").out, longer + "4\n" + page(1, 11, 0) + more + "\n" + page(12, 15, 7) + more +
+                                                    " q\n" + page(1, 0, 11) + more + "Quit\n" + longer + "1\n");
+    EXPECT_THAT(answer("4\n\nq\n1\n", {{"LINES", "2"}}).out, HasSubstr(page(1, 15, 0) + more + "\n" + more + "q\n"));
+}
+
+TEST_F(Dialogue, switchesToEnglishAndBack) {
+    const std::string trace = sandbox.path("trace");
+    Terminal terminal(24, 200, sandbox.arguments({"-debug", trace}), {{"LC_ALL", "fr_FR.UTF-8"}});
+    terminal.waitFor("fr agreement\nfr information\n");
+    terminal.type("5");
+    terminal.waitFor("1\n2\n3\n");
+    terminal.waitFor(", \"5\" Français.\n");
+    terminal.type("5");
+    terminal.waitFor("fr agreement\n");
+    // Without English the language stays, and the dialogue restarts all the same.
+    sandbox.remove("licenses/LA_en");
+    terminal.type("5");
+    terminal.waitFor("fr agreement\n");
+    terminal.type("1");
+    EXPECT_EQ(terminal.finish(), 15) << "the copies miss the English agreement";
+    EXPECT_THAT(sandbox.read("trace"),
+                HasSubstr("DEBUG: Could not set locale, license not available for language en\n"));
+}
+
+TEST_F(Dialogue, speaksEveryLanguageInItsOwnWords) {
+    for (const std::string language :
+         {"cs", "de", "el", "es", "fr", "it", "ja", "ko", "lt", "pl", "pt", "ru", "sl", "tr", "zh"}) {
+        SCOPED_TRACE(language);
+        const Finished finished = answer("\n2\n2\n", {{"LC_ALL", language + ".UTF-8"}, {"COLUMNS", "900"}});
+        EXPECT_EQ(finished.exitCode, 3);
+        EXPECT_THAT(finished.out, StartsWith(language + " agreement\n" + language + " information\n\n"));
+        EXPECT_THAT(finished.out, testing::Not(testing::AnyOf(HasSubstr("\\u"), HasSubstr("license"))));
+    }
+}
+
+}  // namespace
+}  // namespace zev::test

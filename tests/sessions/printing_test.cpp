@@ -1,0 +1,62 @@
+#include <gmock/gmock.h>
+
+#include "support/process.h"
+
+namespace zev::test {
+namespace {
+
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+/// Print commands of our own in the PATH; they note how they were called and keep what they were given.
+class Printing : public testing::Test {
+protected:
+    Finished print(int lpExit, int lprExit, Environment environment = {}) {
+        sandbox.write("licenses/LA_en", utf16(u"€uro " + std::u16string(60, u'x') + u"\n"));
+        install("lp", lpExit);
+        install("lpr", lprExit);
+        environment.insert({{"PATH", sandbox.path("bin") + ":/usr/bin:/bin"}, {"LC_ALL", "en_US.UTF-8"}});
+        Finished finished = run(sandbox.arguments(), environment, "3\n1\n");
+        const std::string calls = sandbox.read("calls");
+        document = calls.substr(3, calls.find('\n') - 3);
+        EXPECT_THAT(document, testing::MatchesRegex("/tmp/zevdoc_[0-9]+_en\\.text"));
+        EXPECT_EQ(calls, lpExit == 0 ? "lp " + document + "\n" : "lp " + document + "\nlpr " + document + "\n");
+        return finished;
+    }
+
+    Sandbox sandbox;
+    std::string document;
+
+private:
+    void install(const std::string& command, int exitCode) const {
+        sandbox.write("bin/" + command, "#!/bin/sh\necho noise\necho " + command + " $* >> " + sandbox.path("calls") +
+                                            "\ncat $1 > " + sandbox.path("paper") + "\nexit " +
+                                            std::to_string(exitCode) + "\n");
+        std::filesystem::permissions(sandbox.path("bin/" + command), std::filesystem::perms::owner_all);
+    }
+};
+
+TEST_F(Printing, handsADocumentOfSixtyColumnsToTheFirstCommandThatTakesIt) {
+    sandbox.write("licenses/non_vur_license", utf16(u"terms"));
+    EXPECT_THAT(print(0, 0).out, testing::Not(HasSubstr("noise")));
+    EXPECT_EQ(sandbox.read("paper"), "€uro \n" + std::string(60, 'x') + "\n\nen information\n\nterms\n");
+    EXPECT_TRUE(std::filesystem::remove(document)) << "a printed document is left in place";
+}
+
+TEST_F(Printing, fallsBackToTheSecondCommand) {
+    const Finished finished = print(3, 0, {{"ZEV_DEBUG", ""}});
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: creating temp file " + document + " in codepage UTF-8\n"));
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Wrote 83 characters to temp file\nDEBUG: Got lp return code : 768\n"));
+    EXPECT_THAT(finished.out, HasSubstr("noise\nnoise\n")) << "the commands speak when tracing";
+    EXPECT_TRUE(std::filesystem::remove(document));
+}
+
+TEST_F(Printing, showsAnAddressWhenNoCommandTakesTheDocument) {
+    const Finished finished = print(1, 2);
+    EXPECT_EQ(finished.exitCode, 9);
+    EXPECT_THAT(finished.out, ContainsRegex("\\[INPUT\\] ==> 3\n0x[0-9a-f]+\n\n\n"));
+    EXPECT_FALSE(std::filesystem::exists(document));
+}
+
+}  // namespace
+}  // namespace zev::test
