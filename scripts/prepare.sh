@@ -1,0 +1,71 @@
+# Sourced by the commands of this folder: installs what the build needs and runs long steps quietly.
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
+root=$PWD
+mkdir -p build
+
+fail() {
+    printf '%s\n' "$@" >&2
+    exit 1
+}
+
+# quietly WHAT COMMAND...: runs a command without input, and shows its output only when it fails.
+quietly() {
+    local what=$1 log=build/last-step.log
+    shift
+    "$@" >"$log" 2>&1 </dev/null || {
+        cat "$log" >&2
+        fail "zev: cannot go on: $what failed."
+    }
+}
+
+has_header() {
+    printf '#include <%s>\n' "$1" | c++ -std=c++20 -E -x c++ - >/dev/null 2>&1
+}
+
+has_cmake() {
+    local version
+    version=$(cmake --version 2>/dev/null | sed -n '1s/[^0-9]*//p') &&
+        [ "$(printf '3.25\n%s\n' "$version" | sort -V | head -n 1)" = 3.25 ]
+}
+
+# What the build needs, a line each: the test for it | Debian's package | its name for people on other systems.
+build_needs='
+command -v c++ | g++ | a C++20 compiler (g++ 12 or clang 14, or newer)
+has_cmake | cmake | CMake 3.25 or newer
+command -v ninja | ninja-build | Ninja
+command -v iconv | libc-bin | iconv
+has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and static libraries'
+test_needs='
+has_header gtest/gtest.h | libgtest-dev | GoogleTest
+has_header gmock/gmock.h | libgmock-dev | GoogleMock'
+
+# missing NEEDS FIELD: that field of the needs that are not there.
+missing() {
+    local probe package name
+    while IFS='|' read -r probe package name; do
+        [ -n "$probe" ] && ! eval "$probe" >/dev/null 2>&1 && case $2 in
+            package) printf '%s\n' $package ;;
+            name) printf '  %s\n' "${name# }" ;;
+        esac
+    done <<<"$1"
+}
+
+install_needs() {
+    local packages as_root=
+    packages=$(missing "$1" package)
+    [ -n "$packages" ] || return 0
+    command -v apt-get >/dev/null ||
+        fail 'zev: cannot go on without these; please install them and start again:' "$(missing "$1" name)"
+    [ "$(id -u)" = 0 ] || as_root=sudo
+    quietly 'updating the package lists' $as_root apt-get update -q
+    quietly "installing $(echo $packages)" \
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends $packages
+    [ -z "$(missing "$1" name)" ] || fail 'zev: cannot go on; still missing:' "$(missing "$1" name)"
+}
+
+# build PRESET
+build() {
+    quietly "configuring the $1 build" cmake --preset "$1"
+    quietly "the $1 build" cmake --build --preset "$1"
+}
