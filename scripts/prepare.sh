@@ -1,5 +1,8 @@
 # Sourced by the commands of this folder: installs what the build needs and runs long steps quietly.
 
+# Else bash would replace the LINES and COLUMNS that the caller set for zev.
+shopt -u checkwinsize
+
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 root=$PWD
 mkdir -p build
