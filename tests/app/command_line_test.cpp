@@ -3,7 +3,6 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
 constexpr const char* usage = R"(DEBUG: zev version v1.1-0
 DEBUG: Usage: zev {<option>}
@@ -21,12 +20,7 @@ DEBUG:   -langset 3          = Specify alt set of supported languages (DFLT=4)
 )";
 
 TEST(CommandLine, refusesABadOneWithItsCodeAndTraceLine) {
-    struct Row {
-        Arguments arguments;
-        int exitCode;
-        std::string message;
-    };
-    const Row rows[]{
+    const std::tuple<Arguments, int, std::string> rows[]{
         {{}, 17, "Options -l and -s are mandatory"},
         {{"-l", "a"}, 17, "Options -l and -s are mandatory"},
         {{"-l", "", "-s", "b"}, 17, "Options -l and -s are mandatory"},
@@ -45,13 +39,13 @@ TEST(CommandLine, refusesABadOneWithItsCodeAndTraceLine) {
         {{"-l", "-s", "b"}, 18, "Unknown option : b"},
         {{"-x", "-version"}, 18, "Unknown option : -x"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.message + testing::PrintToString(row.arguments));
-        const Finished silent = run(row.arguments);
-        EXPECT_EQ(silent.exitCode, row.exitCode);
-        EXPECT_EQ(silent.out, "Exited with: " + std::to_string(row.exitCode) + "\n");
+    for (const auto& [arguments, exitCode, message] : rows) {
+        SCOPED_TRACE(message + testing::PrintToString(arguments));
+        const Finished silent = run(arguments);
+        EXPECT_EQ(silent.exitCode, exitCode);
+        EXPECT_EQ(silent.out, "Exited with: " + std::to_string(exitCode) + "\n");
         EXPECT_EQ(silent.err, "");
-        EXPECT_EQ(run(row.arguments, {{"ZEV_DEBUG", ""}}).err, "DEBUG: " + row.message + "\n" + usage);
+        EXPECT_EQ(run(arguments, {{"ZEV_DEBUG", ""}}).err, "DEBUG: " + message + "\n" + usage);
     }
 }
 
@@ -62,5 +56,4 @@ TEST(CommandLine, goesOnAfterTheVersionAndTakesTheLaterOfTwoValues) {
                                                   "-version -debug -l a -s /dev/null/x -l b -langset 3x\n"));
 }
 
-}  // namespace
 }  // namespace zev::test

@@ -3,7 +3,6 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
 const auto isWholeTrace = testing::StartsWith("DEBUG: ZEV version v1.1-0 started\nDEBUG: Tool invoked as: zev ");
 
@@ -11,32 +10,24 @@ TEST(DebugTrace, goesToTheLastFileNamedOrElseToStandardError) {
     const Sandbox sandbox;
     const std::string first = sandbox.path("first");
     const std::string last = sandbox.path("last");
-    struct Row {
-        const char* name;
-        const char* variable;  // null: not set
-        Arguments options;
-        bool toLast;
+    const std::tuple<Environment, Arguments, bool> rows[]{
+        {{{"ZEV_DEBUG", ""}}, {}, false},
+        {{{"ZEV_DEBUG", "/no/such/trace"}}, {}, false},
+        {{{"ZEV_DEBUG", last}}, {"-debug", "-debug"}, true},  // an option is no file name
+        {{{"ZEV_DEBUG", first}}, {"-debug", last}, true},
+        {{}, {"-debug", first, "-debugBreakText", last}, true},
+        {{}, {"-debug", last, "-debug", ""}, false},
     };
-    const Row rows[]{
-        {"empty variable", "", {}, false},
-        {"file in the environment", last.c_str(), {}, true},
-        {"no such directory", "/no/such/trace", {}, false},
-        {"variable, then option", first.c_str(), {"-debug", last}, true},
-        {"two options", nullptr, {"-debug", first, "-debugBreakText", last}, true},
-        {"a file name looks like no option", last.c_str(), {"-debug", "-debug"}, true},
-        {"closed again", nullptr, {"-debug", last, "-debug", ""}, false},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        sandbox.write("first", "old");
+    for (const auto& [environment, options, toLast] : rows) {
+        SCOPED_TRACE(testing::PrintToString(options));
+        sandbox.write("first", "");
         sandbox.write("last", "old");
-        Arguments options{"-t", "5"};
-        options.insert(options.end(), row.options.begin(), row.options.end());
-        const Environment environment = row.variable ? Environment{{"ZEV_DEBUG", row.variable}} : Environment{};
-        const Finished finished = run(sandbox.arguments(options), environment);
-        EXPECT_THAT(row.toLast ? sandbox.read("last") : finished.err, isWholeTrace);
-        EXPECT_THAT(row.toLast ? finished.err : "", "");
-        EXPECT_THAT(sandbox.read("first"), testing::AnyOf("", "old"));
+        Arguments all = sandbox.arguments({"-t", "5"});
+        all.insert(all.end(), options.begin(), options.end());
+        const Finished finished = run(all, environment);
+        EXPECT_THAT(toLast ? sandbox.read("last") : finished.err, isWholeTrace);
+        EXPECT_EQ(finished.err.empty(), toLast);
+        EXPECT_EQ(sandbox.read("first"), "");
     }
 }
 
@@ -56,5 +47,4 @@ TEST(DebugTrace, hasASwitchOfItsOwnForLineBreaking) {
     EXPECT_THAT(finished.err, testing::Not(testing::HasSubstr("started")));
 }
 
-}  // namespace
 }  // namespace zev::test

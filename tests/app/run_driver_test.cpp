@@ -3,24 +3,19 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
-TEST(RunDriver, remembersAnAcceptanceAndRecordsItAnew) {
+TEST(RunDriver, recordsNothingWhenDeclinedAndRemembersAnAcceptance) {
     const Sandbox sandbox;
+    const Finished declined = run(sandbox.arguments({"-show_exit_code"}), {}, "2\n2\n");
+    EXPECT_THAT(declined.out, testing::EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
+    EXPECT_FALSE(sandbox.has("status/license"));
+
     EXPECT_EQ(run(sandbox.arguments(), {}, "1\n").exitCode, 9);
     EXPECT_FALSE(sandbox.has("status/status.dat")) << "the probe leaves nothing behind";
     sandbox.remove("status/license/German.txt");
     EXPECT_EQ(run(sandbox.arguments({"-show_exit_code"})).out, "Exited with: 9\n");
     EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
     EXPECT_EQ(run(sandbox.arguments()).out, "");
-}
-
-TEST(RunDriver, recordsNothingWhenDeclined) {
-    const Sandbox sandbox;
-    const Finished finished = run(sandbox.arguments({"-show_exit_code"}), {}, "2\n2\n");
-    EXPECT_EQ(finished.exitCode, 3);
-    EXPECT_THAT(finished.out, testing::EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
-    EXPECT_FALSE(sandbox.has("status/license"));
 }
 
 TEST(RunDriver, namesEveryMissingFileWhenTracing) {
@@ -35,30 +30,26 @@ TEST(RunDriver, namesEveryMissingFileWhenTracing) {
 }
 
 TEST(RunDriver, failsWithTheCodeOfTheStageThatFailed) {
-    struct Row {
-        const char* name;
-        int exitCode;
-        void (*spoil)(const Sandbox&);
-        Arguments more;
-    };
-    const Row rows[]{
+    const std::tuple<const char*, int, void (*)(const Sandbox&), Arguments> rows[]{
         {"status directory below a file", 20, [](const Sandbox&) {}, {"-s", "/dev/null/status"}},
         {"status directory that is a file", 21, [](const Sandbox& s) { s.write("status", ""); }, {}},
         {"probe that cannot be created", 21, [](const Sandbox& s) { s.link("status/status.dat", "/no/where"); }, {}},
-        {"text of no lines",
+        {"text that ends at once",
          23,
-         [](const Sandbox& s) { s.write("licenses/LA_en", ""), s.write("licenses/LI_en", ""); },
+         [](const Sandbox& s) {
+             s.write("licenses/LA_en", {"\0\0", 2});
+         },
          {}},
         {"nothing to copy", 15, [](const Sandbox& s) { s.remove("licenses"); }, {"-t", "5"}},
         {"copies cannot be created", 15, [](const Sandbox& s) { s.write("status/license", ""); }, {"-t", "5"}},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, exitCode, spoil, more] : rows) {
+        SCOPED_TRACE(name);
         const Sandbox sandbox;
-        row.spoil(sandbox);
-        const Finished finished = run(sandbox.arguments(row.more), {}, "1\n");
-        EXPECT_EQ(finished.exitCode, row.exitCode);
-        EXPECT_EQ(finished.out, "Exited with: " + std::to_string(row.exitCode) + "\n");
+        spoil(sandbox);
+        const Finished finished = run(sandbox.arguments(more), {}, "1\n");
+        EXPECT_EQ(finished.exitCode, exitCode);
+        EXPECT_EQ(finished.out, "Exited with: " + std::to_string(exitCode) + "\n");
     }
 }
 
@@ -87,5 +78,4 @@ DEBUG:   ISO 3 country  : CAN
     }
 }
 
-}  // namespace
 }  // namespace zev::test

@@ -9,7 +9,6 @@
 #include "support/sandbox.h"
 
 namespace zev::test {
-namespace {
 
 TEST(EncodedTextFile, countsAndReadsCodeUnitsUpToTheEndMark) {
     using namespace std::string_literals;
@@ -55,8 +54,6 @@ TEST(EncodedTextFile, copiesIntoAnotherCodePage) {
         return copyFileConverted(sandbox.path(from).c_str(), "UTF-16", to.c_str(), codePage);
     };
     const std::string out = sandbox.path("out");
-    EXPECT_TRUE(copied("in", out, "UTF-8"));
-    EXPECT_EQ(sandbox.read("out"), "Ä€\U0001F600\n");
     EXPECT_TRUE(copied("in", out, nullptr));
     EXPECT_EQ(sandbox.read("out"), "\xC4\x1A\x1A\n");
     EXPECT_TRUE(copied("in", "/dev/full", nullptr)) << "blind to write errors";
@@ -75,5 +72,4 @@ TEST(EncodedTextFile, createsDirectoriesFromTheLeft) {
     EXPECT_FALSE(makeDirectoryPath(sandbox.path("licenses/LA_en/x/y")));
 }
 
-}  // namespace
 }  // namespace zev::test

@@ -3,7 +3,6 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
 using testing::HasSubstr;
 
@@ -89,5 +88,4 @@ TEST_F(LicenseCopies, doNotDependOnTheMasterStatusFile) {
     EXPECT_THAT(sandbox.read("m/n/status.dat"), testing::EndsWith("\nStatus=9\n"));
 }
 
-}  // namespace
 }  // namespace zev::test

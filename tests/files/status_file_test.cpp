@@ -8,7 +8,6 @@
 #include "support/sandbox.h"
 
 namespace zev::test {
-namespace {
 
 TEST(StatusFile, isJudgedByItsFirstLineThatSaysSomething) {
     using namespace std::string_literals;
@@ -60,5 +59,4 @@ TEST(StatusFile, ofTheMasterDirectoryCountsWhenTheLocalOneDoesNot) {
     EXPECT_TRUE(checkAccepted(context));
 }
 
-}  // namespace
 }  // namespace zev::test

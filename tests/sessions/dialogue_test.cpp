@@ -3,7 +3,6 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -138,5 +137,4 @@ TEST_F(Dialogue, speaksEveryLanguageInItsOwnWords) {
     }
 }
 
-}  // namespace
 }  // namespace zev::test

@@ -3,7 +3,6 @@
 #include "support/process.h"
 
 namespace zev::test {
-namespace {
 
 using testing::ContainsRegex;
 using testing::HasSubstr;
@@ -58,5 +57,4 @@ TEST_F(Printing, showsAnAddressWhenNoCommandTakesTheDocument) {
     EXPECT_FALSE(std::filesystem::exists(document));
 }
 
-}  // namespace
 }  // namespace zev::test

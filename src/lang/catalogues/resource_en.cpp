@@ -31,8 +31,8 @@ constinit const CatalogueTexts en{
         u"7. Portuguese\n"
         u"8. Spanish\n"
         u"9. Turkish\n">,
-    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
-    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLILANGMSG_KEY = englishLanguageQuestion,
+    .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
         u"Press Enter to display the license agreement on your screen. Please read the agreement carefully before "
         u"installing the Program. After reading the agreement, you will be given the opportunity to accept it or "

@@ -21,22 +21,9 @@ constinit const CatalogueTexts ja{
         u"後でインストールを再び開始することができます。"
         u"また、本プログラムをその取得元 (VUR またはその再販業者) に返却し、返金を請求することもできます。">,
     .CONFIRMDECLINE_KEY = escaped<u"使用許諾契約を本当に拒否しますか。">,
-    .CLILANGMENU_KEY = escaped<
-        u"Software Licensing Agreement\n"
-        u"1. English\n"
-        u"2. Danish\n"
-        u"3. Dutch\n"
-        u"4. Finnish\n"
-        u"5. French\n"
-        u"6. German\n"
-        u"7. Italian\n"
-        u"8. Norwegian\n"
-        u"9. Portuguese\n"
-        u"10. Russian\n"
-        u"11. Spanish\n"
-        u"12. Swedish\n">,
-    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
-    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLILANGMENU_KEY = englishTwelveLanguages,
+    .CLILANGMSG_KEY = englishLanguageQuestion,
+    .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
         u"Enter キーを押すと、使用許諾契約が画面に表示されます。"
         u"本プログラムをインストールする前に、使用許諾契約をよくお読みください。"

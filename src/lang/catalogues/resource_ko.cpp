@@ -19,22 +19,9 @@ constinit const CatalogueTexts ko{
         u"사용권 계약을 거부하기로 선택하셨습니다. 설치가 완료되지 않았습니다. 나중에 설치를 다시 시작하거나, "
         u"본 프로그램을 취득한 곳(VUR 또는 그 재판매업체)에 본 프로그램을 반환하고 환불을 요청할 수 있습니다.">,
     .CONFIRMDECLINE_KEY = escaped<u"사용권 계약을 정말로 거부하시겠습니까?">,
-    .CLILANGMENU_KEY = escaped<
-        u"Software Licensing Agreement\n"
-        u"1. English\n"
-        u"2. Danish\n"
-        u"3. Dutch\n"
-        u"4. Finnish\n"
-        u"5. French\n"
-        u"6. German\n"
-        u"7. Italian\n"
-        u"8. Norwegian\n"
-        u"9. Portuguese\n"
-        u"10. Russian\n"
-        u"11. Spanish\n"
-        u"12. Swedish\n">,
-    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
-    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLILANGMENU_KEY = englishTwelveLanguages,
+    .CLILANGMSG_KEY = englishLanguageQuestion,
+    .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
         u"Enter 키를 누르면 사용권 계약이 화면에 표시됩니다. "
         u"본 프로그램을 설치하기 전에 사용권 계약을 주의 깊게 읽으십시오. "

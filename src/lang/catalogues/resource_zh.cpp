@@ -19,22 +19,9 @@ constinit const CatalogueTexts zh{
         u"您已选择拒绝许可协议。安装未完成。您可以稍后重新开始安装，"
         u"也可以将本程序退还给向您提供本程序的一方（VUR 或其经销商），并要求退款。">,
     .CONFIRMDECLINE_KEY = escaped<u"您确实要拒绝许可协议吗？">,
-    .CLILANGMENU_KEY = escaped<
-        u"Software Licensing Agreement\n"
-        u"1. English\n"
-        u"2. Danish\n"
-        u"3. Dutch\n"
-        u"4. Finnish\n"
-        u"5. French\n"
-        u"6. German\n"
-        u"7. Italian\n"
-        u"8. Norwegian\n"
-        u"9. Portuguese\n"
-        u"10. Russian\n"
-        u"11. Spanish\n"
-        u"12. Swedish\n">,
-    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
-    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLILANGMENU_KEY = englishTwelveLanguages,
+    .CLILANGMSG_KEY = englishLanguageQuestion,
+    .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
         u"请按 Enter 键在屏幕上显示许可协议。安装本程序之前，请仔细阅读许可协议。"
         u"阅读之后，您可以选择接受或拒绝许可协议。如果您选择拒绝许可协议，安装将不会完成，您也将无法使用本程序。\n">,

@@ -19,22 +19,9 @@ constinit const CatalogueTexts zh_TW{
         u"您已選擇拒絕授權合約。安裝作業並未完成。您可以稍後重新開始安裝，"
         u"也可以將本程式退還給向您提供本程式的一方（VUR 或其經銷商），並要求退款。">,
     .CONFIRMDECLINE_KEY = escaped<u"您確定要拒絕授權合約嗎？">,
-    .CLILANGMENU_KEY = escaped<
-        u"Software Licensing Agreement\n"
-        u"1. English\n"
-        u"2. Danish\n"
-        u"3. Dutch\n"
-        u"4. Finnish\n"
-        u"5. French\n"
-        u"6. German\n"
-        u"7. Italian\n"
-        u"8. Norwegian\n"
-        u"9. Portuguese\n"
-        u"10. Russian\n"
-        u"11. Spanish\n"
-        u"12. Swedish\n">,
-    .CLILANGMSG_KEY = escaped<u"Please enter the number that corresponds to the language you prefer.\n">,
-    .CLITITLE_KEY = escaped<u"Software Licensing Agreement">,
+    .CLILANGMENU_KEY = englishTwelveLanguages,
+    .CLILANGMSG_KEY = englishLanguageQuestion,
+    .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
         u"請按 Enter 鍵，在螢幕上顯示授權合約。安裝本程式之前，請先仔細閱讀授權合約。"
         u"閱讀之後，您可以選擇接受或拒絕授權合約。若您選擇拒絕授權合約，安裝作業將不會完成，您也將無法使用本程式。\n">,
