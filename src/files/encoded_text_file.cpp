@@ -28,6 +28,12 @@ void forEachBlock(UFILE* file, Consume consume) {
     }
 }
 
+/// Whether the bytes of a text depend on how it is cut up: LMBCS chooses a character group anew at every call.
+bool dependsOnCalls(const UConverter* converter) {
+    const UConverterType type = ucnv_getType(converter);
+    return type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST;
+}
+
 const char* orDefault(const char* codePageName) { return codePageName != nullptr ? codePageName : codePage(); }
 
 }  // namespace
@@ -77,9 +83,13 @@ std::size_t readLicenseFile(const RunContext&, const std::string& path, std::spa
 }
 
 bool copyUnits(UFILE* input, UFILE* output) {
+    const bool unitByUnit = dependsOnCalls(u_fgetConverter(output));
     bool written = true;
     forEachBlock(input, [&](std::span<const char16_t> block) {
-        u_file_write(block.data(), static_cast<int32_t>(block.size()), output);
+        const std::size_t step = unitByUnit ? 1 : block.size();
+        for (; !block.empty(); block = block.subspan(step)) {
+            u_file_write(block.data(), static_cast<int32_t>(step), output);
+        }
         written = std::ferror(u_fgetfile(output)) == 0;
         return written;
     });

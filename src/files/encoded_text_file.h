@@ -37,8 +37,8 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 [[nodiscard]] std::size_t readLicenseFile(const RunContext& context, const std::string& path,
                                           std::span<char16_t> buffer);
 
-/// Copies what is left of `input` to `output`, in which a half surrogate pair may stay pending. False as soon as the
-/// file below `output` reports a write error, which ICU itself never does.
+/// Copies what is left of `input` to `output`, as if unit by unit. False as soon as the file below `output` reports a
+/// write error, which ICU itself never does.
 [[nodiscard]] bool copyUnits(UFILE* input, UFILE* output);
 
 /// Copies a file from one code page (see openEncoded) into another. True when both files could be opened: a write

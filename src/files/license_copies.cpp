@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "app/debug_trace.h"
@@ -9,6 +10,7 @@
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
 #include "files/status_file.h"
+#include "lang/environment_locale.h"
 #include "lang/language_table.h"
 
 namespace zev {
@@ -26,14 +28,15 @@ public:
           outputPath_(joinPath(context.licenseCopyDir, std::string(language.englishName) + copySuffix)) {}
 
     [[nodiscard]] bool write() {
-        output_ = openEncoded(outputPath_, "w", nullptr);
+        file_.reset(std::fopen(outputPath_.c_str(), "w"));
+        if (file_) output_.reset(u_finit(file_.get(), nullptr, codePage()));
         if (!output_) {
             trace("Unable to create file ", outputPath_);
             return false;
         }
         trace("creating output file ", outputPath_, " in codepage ", u_fgetcodepage(output_.get()));
         return append("LA", agreementPath_) && (!fileExists(informationPath_) || append("LI", informationPath_)) &&
-               end();
+               finish();
     }
 
 private:
@@ -47,27 +50,27 @@ private:
         trace("Reading ", kind, " file ", agreementPath_, " in codepage ", u_fgetcodepage(input.get()));
         lastSource_ = path;
         static_cast<void>(copyUnits(input.get(), output_.get()));
-        return checkWritten();
+        return checkWritten(std::fflush(file_.get()) == 0 && std::ferror(file_.get()) == 0);
     }
 
-    /// Ends the code page's shift state, which runs through from part to part.
-    [[nodiscard]] bool end() {
-        u_fflush(output_.get());
-        return checkWritten();
+    /// Writes what the code page still holds back, once, and closes the file.
+    [[nodiscard]] bool finish() {
+        output_.reset();
+        const bool good = std::ferror(file_.get()) == 0;
+        return checkWritten(std::fclose(file_.release()) == 0 && good);
     }
 
-    [[nodiscard]] bool checkWritten() {
-        std::FILE* file = u_fgetfile(output_.get());
-        if (std::fflush(file) == 0 && std::ferror(file) == 0) return true;
-        trace("Problems writing to ", outputPath_, " with ", lastSource_);
-        return false;
+    [[nodiscard]] bool checkWritten(bool written) const {
+        if (!written) trace("Problems writing to ", outputPath_, " with ", lastSource_);
+        return written;
     }
 
     std::string agreementPath_;
     std::string informationPath_;
     std::string outputPath_;
     std::string lastSource_;
-    EncodedFile output_;
+    std::unique_ptr<std::FILE, decltype([](std::FILE* file) { std::fclose(file); })> file_;
+    EncodedFile output_;  ///< writes to file_, whose errors ICU does not report, and does not own it
 };
 
 bool copyIfPresent(const RunContext& context, const std::string& name) {

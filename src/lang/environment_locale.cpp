@@ -16,11 +16,11 @@ namespace {
 
 constexpr const char* fallbackCodePage = "US-ASCII";
 
-struct ProcessCodePage {
-    std::string name = fallbackCodePage;
+struct CodePage {
+    std::string name;
     icu::LocalUConverterPointer converter;
 };
-ProcessCodePage processCodePage;
+CodePage processCodePage;
 
 /// The pieces of language[_TERRITORY][.codeset][@modifier], the form of locale values in POSIX environments.
 struct LocaleValue {
@@ -52,7 +52,7 @@ LocaleValue firstSet(std::initializer_list<const char*> variables) {
 icu::Locale localeOf(LocaleValue value) {
     if (value.language.empty() && !value.codeSet.empty()) value = firstSet({"LANG"});
     std::string name = value.language;
-    if (name.empty() || name == "C" || name == "POSIX") name = "en_US_POSIX";
+    if (name == "C" || name == "POSIX" || (name.empty() && value.modifier.empty())) name = "en_US_POSIX";
     // ICU's form of a POSIX modifier is a variant, behind an empty territory if need be.
     if (!value.modifier.empty()) name += (name.find('_') == std::string::npos ? "__" : "_") + value.modifier;
 
@@ -63,14 +63,14 @@ icu::Locale localeOf(LocaleValue value) {
 }
 
 /// The converter is null where ICU does not know the name.
-ProcessCodePage openCodePage(const std::string& name) {
+CodePage openCodePage(const std::string& name) {
     UErrorCode status = U_ZERO_ERROR;
     return {name, icu::LocalUConverterPointer(ucnv_open(name.c_str(), &status))};
 }
 
-ProcessCodePage codePageOf(const LocaleValue& value) {
+CodePage codePageOf(const LocaleValue& value) {
     if (!value.codeSet.empty()) {
-        ProcessCodePage named = openCodePage(value.codeSet);
+        CodePage named = openCodePage(value.codeSet);
         if (named.converter.isValid()) return named;
     }
     return openCodePage(fallbackCodePage);
@@ -94,17 +94,16 @@ std::ostream& operator<<(std::ostream& out, InCodePage piece) {
     const char16_t* source = piece.text.getBuffer();
     const char16_t* const sourceEnd = source + piece.text.length();
     std::array<char, 200> chunk;
-    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
-    while (converter != nullptr && status == U_BUFFER_OVERFLOW_ERROR) {
+    UErrorCode status;
+    do {
         status = U_ZERO_ERROR;
         char* target = chunk.data();
-        ucnv_fromUnicode(converter, &target, chunk.data() + chunk.size() - 1, &source, sourceEnd, nullptr, false,
-                         &status);
+        ucnv_fromUnicode(converter, &target, chunk.end() - 1, &source, sourceEnd, nullptr, false, &status);
         // A chunk goes out as a C string: in a code page such as UTF-16 it ends at its first zero byte.
         *target = '\0';
         out << chunk.data();
-    }
-    if (converter != nullptr) ucnv_reset(converter);
+    } while (status == U_BUFFER_OVERFLOW_ERROR);
+    ucnv_reset(converter);
     return out;
 }
 

@@ -30,6 +30,7 @@ TEST_F(LicenseCopies, areWrittenInTheCodePageOfTheProcess) {
         {"ja_JP.UTF-8", "許諾é\nx"},
         {"ja_JP.eucJP", "\xB5\xF6\xC2\xFA\x8F\xAB\xB1\nx"},
         {"ja_JP.ISO-2022-JP", "\x1B$B5vBz\x1B(B\x1A\nx"},
+        {"ko_KR.ISO-2022-KR", "\x1B$)C\x0EzIQg\x0F\x1A\nx"},
         {"fr_FR.ISO-8859-1", "\x1A\x1A\xE9\nx"},
         {"fr_FR", "\x1A\x1A\x1A\nx"},
     };
