@@ -14,7 +14,6 @@
 #include "lang/resource_factory.h"
 
 namespace zev::test {
-namespace {
 
 /// The texts of a catalogue by slot number.
 using Slots = std::array<StoredText, 23>;
@@ -102,5 +101,4 @@ TEST(LanguageTable, matchesTheFirstCodeThatBeginsTheLanguage) {
     EXPECT_EQ(languageEntry(alternative, 13), nullptr);
 }
 
-}  // namespace
 }  // namespace zev::test

@@ -7,7 +7,6 @@
 #include <sstream>
 
 namespace zev::test {
-namespace {
 
 void adopt(const char* all, const char* type, const char* lang) {
     setenv("LC_ALL", all, 1);
@@ -56,5 +55,4 @@ TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
     EXPECT_EQ(fromCodePage(written(u"a" + text).c_str()), u"a" + text) << "longer than a chunk";
 }
 
-}  // namespace
 }  // namespace zev::test
