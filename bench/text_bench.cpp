@@ -62,7 +62,7 @@ std::string licenseDirectory(int64_t bytes) {
     const icu::UnicodeString text = textOf(shapes[0], bytes);
     std::ofstream file(directory / "LA_en", std::ios::binary);
     file << "\xFF\xFE";
-    file.write(reinterpret_cast<const char*>(text.getBuffer()), text.length() * 2);
+    file.write(reinterpret_cast<const char*>(text.getBuffer()), static_cast<std::streamsize>(text.length()) * 2);
     return directory;
 }
 

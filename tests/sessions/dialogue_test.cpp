@@ -132,7 +132,7 @@ TEST_F(Dialogue, speaksEveryLanguageInItsOwnWords) {
         SCOPED_TRACE(language);
         const Finished finished = answer("\n2\n2\n", {{"LC_ALL", language + ".UTF-8"}, {"COLUMNS", "900"}});
         EXPECT_EQ(finished.exitCode, 3);
-        EXPECT_THAT(finished.out, StartsWith(language + " agreement\n" + language + " information\n\n"));
+        EXPECT_THAT(finished.out, StartsWith(language + " agreement\n"));
         EXPECT_THAT(finished.out, testing::Not(testing::AnyOf(HasSubstr("\\u"), HasSubstr("license"))));
     }
 }
