@@ -2,6 +2,7 @@
 // time is proportional to the text.
 
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -57,7 +58,7 @@ void breakShape(benchmark::State& state, const Shape& shape, int32_t width) {
 
 /// A licence directory with an English agreement of prose.
 std::string licenseDirectory(int64_t bytes) {
-    const auto directory = std::filesystem::temp_directory_path() / "zev_bench";
+    const auto directory = std::filesystem::temp_directory_path() / ("zev_bench_" + std::to_string(getpid()));
     std::filesystem::create_directories(directory);
     const icu::UnicodeString text = textOf(shapes[0], bytes);
     std::ofstream file(directory / "LA_en", std::ios::binary);
@@ -75,6 +76,7 @@ void load(benchmark::State& state) {
         if (!zev::readLicenseText(context, text)) state.SkipWithError("cannot load");
     }
     state.SetBytesProcessed(state.iterations() * text.length() * 2);
+    std::filesystem::remove_all(context.licenseDir);
 }
 
 void copy(benchmark::State& state) {

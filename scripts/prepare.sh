@@ -1,5 +1,6 @@
 # Sourced by the commands of this folder: installs what the build needs and runs long steps quietly.
 
+unset CDPATH
 # Else bash would replace the LINES and COLUMNS that the caller set for zev.
 shopt -u checkwinsize
 

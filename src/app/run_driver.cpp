@@ -32,7 +32,10 @@ void holdStandardDescriptors() {
 }
 
 /// A page reaches the terminal in one piece; whoever reads or traces flushes first.
-void bufferOutput() { std::setvbuf(stdout, nullptr, _IOFBF, BUFSIZ); }
+void bufferOutput() {
+    static char buffer[1 << 16];
+    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
+}
 
 void traceFromEnvironment() {
     const char* fileName = std::getenv("ZEV_DEBUG");

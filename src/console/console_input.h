@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 
 namespace zev {
@@ -10,8 +11,8 @@ struct LicenseDialog;
 inline constexpr std::size_t answerSize = 80;
 
 /// Reads the next line of standard input into `buffer` as a C string, echoes it when input is no terminal, and logs it.
-/// After the end of input, and after a line that does not fit, this and every later answer is empty (the cut line
-/// itself is kept): deliberately there is no way back and no exit.
+/// After the end of input every answer is empty; a line that does not fit is cut, and every answer after it is empty.
+/// Deliberately there is no way back and no exit.
 void readInput(LicenseDialog& dialog, std::span<char> buffer);
 
 }  // namespace zev

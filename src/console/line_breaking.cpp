@@ -130,6 +130,7 @@ int32_t displayWidth(const LicenseDialog& dialog, const icu::UnicodeString& text
 }
 
 std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
+    // Deliberately the dialogue's locale: after a switch that was refused it is not the context's, which widths follow.
     const auto iterator = createLineIterator(*dialog.currentLocale);
     if (!iterator) return nullptr;
     iterator->setText(text);

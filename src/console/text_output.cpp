@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <limits>
 #include <span>
 
 #include "console/terminal_geometry.h"
@@ -16,9 +17,7 @@ uint32_t writeLines(const TextLines& lines, std::size_t first, uint32_t most) {
     return static_cast<uint32_t>(page.size());
 }
 
-void writeLines(const TextLines& lines) {
-    for (const icu::UnicodeString& line : lines) std::cout << InCodePage{line};
-}
+void writeLines(const TextLines& lines) { writeLines(lines, 0, std::numeric_limits<uint32_t>::max()); }
 
 void writeEmptyLines(std::size_t count) {
     while (count-- > 0) std::cout << '\n';

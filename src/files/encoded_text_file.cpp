@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fstream>
+#include <span>
 
 #include "app/debug_trace.h"
 #include "lang/environment_locale.h"
@@ -28,10 +29,10 @@ void forEachBlock(UFILE* file, Consume consume) {
     }
 }
 
-/// Whether the bytes of a text depend on how it is cut up: LMBCS chooses a character group anew at every call.
+/// Whether the bytes of a text depend on how it is handed over: these converters look around within one call.
 bool dependsOnCalls(const UConverter* converter) {
     const UConverterType type = ucnv_getType(converter);
-    return type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST;
+    return type == UCNV_SCSU || type == UCNV_ISCII || (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST);
 }
 
 const char* orDefault(const char* codePageName) { return codePageName != nullptr ? codePageName : codePage(); }
@@ -41,6 +42,8 @@ const char* orDefault(const char* codePageName) { return codePageName != nullptr
 EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePageName) {
     return EncodedFile(u_fopen(path.c_str(), mode, nullptr, orDefault(codePageName)));
 }
+
+EncodedFile attachEncoded(std::FILE* file) { return EncodedFile(u_finit(file, nullptr, codePage())); }
 
 std::string joinPath(const std::string& directory, const std::string& name) {
     return directory + pathSeparator() + name;
@@ -82,18 +85,15 @@ std::size_t readLicenseFile(const RunContext&, const std::string& path, std::spa
     return fits ? stored : buffer.size() + 1;
 }
 
-bool copyUnits(UFILE* input, UFILE* output) {
+void copyUnits(UFILE* input, UFILE* output) {
     const bool unitByUnit = dependsOnCalls(u_fgetConverter(output));
-    bool written = true;
     forEachBlock(input, [&](std::span<const char16_t> block) {
         const std::size_t step = unitByUnit ? 1 : block.size();
         for (; !block.empty(); block = block.subspan(step)) {
             u_file_write(block.data(), static_cast<int32_t>(step), output);
         }
-        written = std::ferror(u_fgetfile(output)) == 0;
-        return written;
+        return std::ferror(u_fgetfile(output)) == 0;
     });
-    return written;
 }
 
 bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
@@ -110,13 +110,13 @@ bool copyFileConverted(const char* inputPath, const char* inputCodePage, const c
     }
     trace("input file ", inputPath, " is in codepage ", u_fgetcodepage(input.get()));
     trace("output file ", outputPath, " is in codepage ", u_fgetcodepage(output.get()));
-    static_cast<void>(copyUnits(input.get(), output.get()));
+    copyUnits(input.get(), output.get());
     return true;
 }
 
 bool makeDirectory(const std::string& path) {
     constexpr mode_t mode = 0750;
-    // Traced in decimal, 488, as its readers know it.
+    // Deliberately traced in decimal, 488.
     trace("Calling mkdir(", path, ", ", mode, ");");
     const int result = mkdir(path.c_str(), mode);
     const int error = errno;

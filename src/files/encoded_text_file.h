@@ -2,6 +2,7 @@
 
 #include <unicode/ustdio.h>
 
+#include <cstdio>
 #include <memory>
 #include <span>
 #include <string>
@@ -22,6 +23,10 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 /// process. `mode` is "r" or "w". Null when the file cannot be opened or the code page is unknown.
 [[nodiscard]] EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePage);
 
+/// Writes text in the code page of the process to `file`, which the result does not own and must not outlive. Its end
+/// hands `file` what the code page still holds back.
+[[nodiscard]] EncodedFile attachEncoded(std::FILE* file);
+
 /// `directory` + "/" + `name`, without any normalisation.
 [[nodiscard]] std::string joinPath(const std::string& directory, const std::string& name);
 
@@ -37,9 +42,9 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 [[nodiscard]] std::size_t readLicenseFile(const RunContext& context, const std::string& path,
                                           std::span<char16_t> buffer);
 
-/// Copies what is left of `input` to `output`, as if unit by unit. False as soon as the file below `output` reports a
-/// write error, which ICU itself never does.
-[[nodiscard]] bool copyUnits(UFILE* input, UFILE* output);
+/// Copies what is left of `input` to `output`, as if unit by unit, or until the file below `output` reports an error,
+/// which ICU itself never does.
+void copyUnits(UFILE* input, UFILE* output);
 
 /// Copies a file from one code page (see openEncoded) into another. True when both files could be opened: a write
 /// error on the way is deliberately not noticed. When only the input cannot be opened, an empty output stays behind.

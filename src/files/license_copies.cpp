@@ -10,7 +10,6 @@
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
 #include "files/status_file.h"
-#include "lang/environment_locale.h"
 #include "lang/language_table.h"
 
 namespace zev {
@@ -29,7 +28,7 @@ public:
 
     [[nodiscard]] bool write() {
         file_.reset(std::fopen(outputPath_.c_str(), "w"));
-        if (file_) output_.reset(u_finit(file_.get(), nullptr, codePage()));
+        if (file_) output_ = attachEncoded(file_.get());
         if (!output_) {
             trace("Unable to create file ", outputPath_);
             return false;
@@ -49,7 +48,7 @@ private:
         // The information file is deliberately announced under the path of the agreement: readers of traces know it so.
         trace("Reading ", kind, " file ", agreementPath_, " in codepage ", u_fgetcodepage(input.get()));
         lastSource_ = path;
-        static_cast<void>(copyUnits(input.get(), output_.get()));
+        copyUnits(input.get(), output_.get());
         return checkWritten(std::fflush(file_.get()) == 0 && std::ferror(file_.get()) == 0);
     }
 

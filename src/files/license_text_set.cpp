@@ -4,6 +4,7 @@
 #include <memory>
 #include <new>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "app/debug_trace.h"

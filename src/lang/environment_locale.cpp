@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <initializer_list>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -98,7 +99,8 @@ std::ostream& operator<<(std::ostream& out, InCodePage piece) {
     do {
         status = U_ZERO_ERROR;
         char* target = chunk.data();
-        ucnv_fromUnicode(converter, &target, chunk.end() - 1, &source, sourceEnd, nullptr, false, &status);
+        ucnv_fromUnicode(converter, &target, chunk.data() + chunk.size() - 1, &source, sourceEnd, nullptr, false,
+                         &status);
         // A chunk goes out as a C string: in a code page such as UTF-16 it ends at its first zero byte.
         *target = '\0';
         out << chunk.data();

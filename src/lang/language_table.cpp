@@ -40,6 +40,7 @@ constexpr auto languageTable3 = [] {
     });
     return table;
 }();
+static_assert(languageTable3.size() == 13, "a language that is not for the smaller set belongs to onlyInSet4");
 
 std::span<const LanguageEntry> activeTable(const RunContext& context) {
     switch (context.languageSet) {

@@ -54,6 +54,8 @@ TEST(CommandLine, goesOnAfterTheVersionAndTakesTheLaterOfTwoValues) {
     EXPECT_EQ(finished.out, "v1.1-0\nExited with: 20\n");
     EXPECT_THAT(finished.err, testing::StartsWith("DEBUG: ZEV version v1.1-0 started\nDEBUG: Tool invoked as: zev "
                                                   "-version -debug -l a -s /dev/null/x -l b -langset 3x\n"));
+    EXPECT_THAT(finished.err, testing::EndsWith("DEBUG: Calling mkdir(/dev/null/x, 488);\n"
+                                                "DEBUG: Function mkdir returned -1\nDEBUG: errno = 20\n"));
 }
 
 }  // namespace zev::test

@@ -10,24 +10,24 @@ TEST(DebugTrace, goesToTheLastFileNamedOrElseToStandardError) {
     const Sandbox sandbox;
     const std::string first = sandbox.path("first");
     const std::string last = sandbox.path("last");
-    const std::tuple<Environment, Arguments, bool> rows[]{
-        {{{"ZEV_DEBUG", ""}}, {}, false},
-        {{{"ZEV_DEBUG", "/no/such/trace"}}, {}, false},
-        {{{"ZEV_DEBUG", last}}, {"-debug", "-debug"}, true},  // an option is no file name
-        {{{"ZEV_DEBUG", first}}, {"-debug", last}, true},
-        {{}, {"-debug", first, "-debugBreakText", last}, true},
-        {{}, {"-debug", last, "-debug", ""}, false},
+    const std::tuple<Environment, Arguments, bool, const char*> rows[]{
+        {{{"ZEV_DEBUG", ""}}, {}, false, "old"},
+        {{{"ZEV_DEBUG", "/no/such/trace"}}, {}, false, "old"},
+        {{{"ZEV_DEBUG", last}}, {"-debug", "-debug"}, true, "old"},  // an option is no file name
+        {{{"ZEV_DEBUG", first}}, {"-debug", last}, true, ""},
+        {{}, {"-debug", first, "-debugBreakText", last}, true, ""},
+        {{}, {"-debug", last, "-debug", ""}, false, "old"},
     };
-    for (const auto& [environment, options, toLast] : rows) {
+    for (const auto& [environment, options, toLast, inFirst] : rows) {
         SCOPED_TRACE(testing::PrintToString(options));
-        sandbox.write("first", "");
+        sandbox.write("first", "old");
         sandbox.write("last", "old");
         Arguments all = sandbox.arguments({"-t", "5"});
         all.insert(all.end(), options.begin(), options.end());
         const Finished finished = run(all, environment);
         EXPECT_THAT(toLast ? sandbox.read("last") : finished.err, isWholeTrace);
         EXPECT_EQ(finished.err.empty(), toLast);
-        EXPECT_EQ(sandbox.read("first"), "");
+        EXPECT_EQ(sandbox.read("first"), inFirst);
     }
 }
 

@@ -10,8 +10,17 @@ TEST(RunDriver, recordsNothingWhenDeclinedAndRemembersAnAcceptance) {
     EXPECT_THAT(declined.out, testing::EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
     EXPECT_FALSE(sandbox.has("status/license"));
 
-    EXPECT_EQ(run(sandbox.arguments(), {}, "1\n").exitCode, 9);
     EXPECT_FALSE(sandbox.has("status/status.dat")) << "the probe leaves nothing behind";
+    sandbox.write("status/status.dat", "not ours");
+    const Finished accepted = run(sandbox.arguments({"-debug", "-m", ""}), {}, "1\n");
+    EXPECT_EQ(accepted.exitCode, 9);
+    EXPECT_EQ(sandbox.read("status/status.dat"), "not ours");
+    EXPECT_THAT(accepted.err, testing::HasSubstr("DEBUG: No status.dat found at " + sandbox.path("status/license") +
+                                                 "/status.dat\nDEBUG: No status.dat found at /status.dat\n"));
+
+    sandbox.write("m/status.dat", "Status=9\n");
+    EXPECT_EQ(run({"-l", sandbox.path("licenses"), "-s", sandbox.path("other"), "-m", sandbox.path("m")}).exitCode, 9);
+
     sandbox.remove("status/license/German.txt");
     EXPECT_EQ(run(sandbox.arguments({"-show_exit_code"})).out, "Exited with: 9\n");
     EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
@@ -20,12 +29,12 @@ TEST(RunDriver, recordsNothingWhenDeclinedAndRemembersAnAcceptance) {
 
 TEST(RunDriver, namesEveryMissingFileWhenTracing) {
     const Sandbox sandbox;
-    sandbox.remove("licenses/LI_en");
-    sandbox.remove("licenses/LA_ru");
+    for (const char* name : {"LI_en", "LA_ru", "LI_ru"}) sandbox.remove(std::string("licenses/") + name);
     const std::string summary = "Error: License agreement file missing. Aborted.\nExited with: 11\n";
     const std::string missing = "Error: Missing license file " + sandbox.path("licenses/");
     EXPECT_EQ(run(sandbox.arguments()).out, summary);
-    EXPECT_EQ(run(sandbox.arguments({"-debug"})).out, missing + "LI_en\n" + missing + "LA_ru\n" + summary);
+    EXPECT_EQ(run(sandbox.arguments({"-debug"})).out,
+              missing + "LI_en\n" + missing + "LA_ru\n" + missing + "LI_ru\n" + summary);
     EXPECT_EQ(run(sandbox.arguments({"-debug", "-langset", "3"})).out, missing + "LI_en\n" + summary);
 }
 
@@ -69,6 +78,7 @@ DEBUG:   ISO 3 country  : CAN
         {"zh_TW", "Using locale/resource for language zh\n"},
         {"xx", "Could not setLocale for language xx\n"},
         {"de", "Could not set locale, license not available for language de\n"},
+        {"english", "Could not set locale, license not available for language english\n"},
     };
     const Sandbox sandbox;
     sandbox.remove("licenses/LI_de");
@@ -76,6 +86,9 @@ DEBUG:   ISO 3 country  : CAN
         const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-setlang", preferred}));
         EXPECT_THAT(finished.err, testing::HasSubstr(std::string("DEBUG: ") + line));
     }
+    EXPECT_THAT(
+        run(sandbox.arguments({"-debug", "-t", "5"}), {{"LC_ALL", "nl_NL.UTF-8"}}).err,
+        testing::HasSubstr("DEBUG: Defaulting to English locale/resource\nDEBUG: Using resource for language en\n"));
 }
 
 }  // namespace zev::test

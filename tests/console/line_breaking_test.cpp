@@ -39,7 +39,7 @@ struct Speaker {
     }
 
     RunContext context;
-    const LicenseDialog dialog;
+    LicenseDialog dialog;
 };
 
 /// The algorithm in its plainest form, which measures and searches everything anew at every step.
@@ -92,6 +92,13 @@ TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
         EXPECT_EQ(speaker.lines(u"абвгд\nя", 10), (Lines{"абвгд\nя"})) << "past a line feed and the end";
     }
     EXPECT_EQ(displayWidth(Speaker("el").dialog, u"aλ\U0001F600"), 4);
+}
+
+TEST(LineBreaking, followsTheLocaleOfTheDialogueAndMeasuresByThatOfTheContext) {
+    Speaker speaker("ja");
+    EXPECT_EQ(speaker.lines(u"許使ァ", 5), (Lines{"許使", "ァ"}));
+    speaker.dialog.currentLocale = &speaker.dialog.englishLocale;
+    EXPECT_EQ(speaker.lines(u"許使ァ", 5), (Lines{"許", "使ァ"}));
 }
 
 TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {

@@ -1,27 +1,35 @@
-#include <gtest/gtest.h>
+#include "console/terminal_geometry.h"
 
-#include "support/process.h"
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <tuple>
+
+#include "app/run_options.h"
+#include "support/sandbox.h"
 
 namespace zev::test {
 
-TEST(TerminalGeometry, prefersTheEnvironmentToTheTerminalAndThatToTheDefaults) {
-    const std::tuple<unsigned short, unsigned short, Environment, const char*> rows[]{
-        {50, 120, {}, "50 120\n"},
-        {50, 100, {{"COLUMNS", "132"}}, "50 132\n"},
-        {50, 100, {{"LINES", "7x"}}, "7 100\n"},
-        {50, 100, {{"COLUMNS", "-5"}, {"LINES", "abc"}}, "50 100\n"},
-        {40, 0, {}, "40 80\n"},
+TEST(TerminalGeometry, prefersTheEnvironmentToTheTerminalOnStandardErrorAndThatToTheDefaults) {
+    const std::tuple<winsize, const char*, const char*, const char*> rows[]{
+        {{50, 120, 0, 0}, "", "", "50 120\n"},  {{50, 100, 0, 0}, "132", "", "50 132\n"},
+        {{50, 100, 0, 0}, "", "7x", "7 100\n"}, {{50, 100, 0, 0}, "-5", "abc", "50 100\n"},
+        {{40, 0, 0, 0}, "0", "", "40 80\n"},    {{0, 0, 0, 0}, "", "", "24 80\n"},
     };
-    for (const auto& [height, width, environment, dimensions] : rows) {
-        const Sandbox sandbox;
-        Terminal terminal(height, width, sandbox.arguments({"-dimout", sandbox.path("size")}), environment);
-        terminal.type("1");
-        EXPECT_EQ(terminal.finish(), 9);
+    const Sandbox sandbox;
+    runOptions.dimensionsOutPath = sandbox.path("size");
+    for (const auto& [size, columns, lines, dimensions] : rows) {
+        int terminal, process;
+        ASSERT_EQ(openpty(&terminal, &process, nullptr, nullptr, &size), 0);
+        dup2(process, STDERR_FILENO);
+        setenv("COLUMNS", columns, 1);
+        setenv("LINES", lines, 1);
+        screenWidth = 80;
+        screenHeight = 24;
+        measureTerminal();
         EXPECT_EQ(sandbox.read("size"), dimensions);
     }
-    const Sandbox sandbox;
-    run(sandbox.arguments({"-dimout", sandbox.path("size")}), {{"COLUMNS", "0"}, {"LINES", ""}}, "1\n");
-    EXPECT_EQ(sandbox.read("size"), "24 80\n");
 }
 
 }  // namespace zev::test

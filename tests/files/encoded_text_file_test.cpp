@@ -1,6 +1,7 @@
 #include "files/encoded_text_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "app/run_context.h"
 #include "app/run_options.h"
@@ -44,23 +45,29 @@ TEST(EncodedTextFile, countsAndReadsCodeUnitsUpToTheEndMark) {
     EXPECT_EQ(small, u"?????");
 }
 
-TEST(EncodedTextFile, copiesBlindlyOnceBothFilesAreOpen) {
+TEST(EncodedTextFile, copiesAsIfUnitByUnit) {
     const Sandbox sandbox;
-    const std::string in = sandbox.path("licenses/LA_en"), out = sandbox.path("out");
-    EXPECT_TRUE(copyFileConverted(in.c_str(), "UTF-16", out.c_str(), "UTF-8"));
-    EXPECT_EQ(sandbox.read("out"), "en agreement\n");
-    EXPECT_TRUE(copyFileConverted(in.c_str(), "UTF-16", "/dev/full", "UTF-8"));
-    EXPECT_FALSE(copyFileConverted(in.c_str(), "UTF-16", "/no/such/out", "UTF-8"));
-    EXPECT_FALSE(copyFileConverted("/no/such/in", "UTF-16", out.c_str(), "UTF-8"));
-    EXPECT_EQ(sandbox.read("out"), "") << "an empty output stays behind";
+    sandbox.write("in", utf16(u"使用許諾 ÀŁя한국\n\U0001F600 ไทย हिन्दी\n使用 ÀŁя한국\n"));
+    const std::string in = sandbox.path("in"), out = sandbox.path("out"), plain = sandbox.path("plain");
+    for (const char* codePage : {"UTF-8", "UTF-16", "ISO-2022-KR", "ISO-2022-JP", "GB18030", "LMBCS-1", "SCSU",
+                                 "ISCII,version=0", "BOCU-1", "HZ", "UTF-7", "ibm-1047"}) {
+        EXPECT_TRUE(copyFileConverted(in.c_str(), "UTF-16", out.c_str(), codePage));
+        UFILE* const from = u_fopen(in.c_str(), "r", nullptr, "UTF-16");
+        UFILE* const to = u_fopen(plain.c_str(), "w", nullptr, codePage);
+        for (UChar unit; (unit = u_fgetc(from)) != U_EOF;) u_fputc(unit, to);
+        u_fclose(from);
+        u_fclose(to);
+        EXPECT_EQ(sandbox.read("out"), sandbox.read("plain")) << codePage;
+    }
 }
 
 TEST(EncodedTextFile, createsDirectoriesFromTheLeft) {
+    umask(022);
     const Sandbox sandbox;
     EXPECT_TRUE(makeDirectoryPath(sandbox.path("a//b/c/")));
     EXPECT_TRUE(sandbox.has("a/b/c"));
-    EXPECT_EQ(std::filesystem::status(sandbox.path("a/b")).permissions() & std::filesystem::perms(07027),
-              std::filesystem::perms::none);
+    EXPECT_EQ(std::filesystem::status(sandbox.path("a/b")).permissions() & std::filesystem::perms(0777),
+              std::filesystem::perms(0750));
     EXPECT_TRUE(makeDirectory(sandbox.path("licenses/LA_en"))) << "whatever has the name counts";
     EXPECT_FALSE(makeDirectoryPath(sandbox.path("licenses/LA_en/x/y")));
 }

@@ -70,6 +70,12 @@ TEST_F(LicenseCopies, noticeWhatCannotBeWritten) {
     sandbox.write("licenses/notices", utf16(u"n"));
     sandbox.link("status/license/notices.txt", "/dev/full");
     EXPECT_EQ(record(), 9) << "the copies for all languages are blind";
+    sandbox.remove("status/license/notices.txt");
+    sandbox.write("licenses/non_vur_license", utf16(u"t"));
+    sandbox.write("status/license/non_vur_license.txt/x", "in the way");
+    EXPECT_EQ(record(), 15);
+    EXPECT_FALSE(sandbox.has("status/license/notices.txt")) << "they come after the terms";
+    sandbox.remove("licenses/non_vur_license");
 
     sandbox.link("status/license/status.dat", "/dev/full");
     EXPECT_EQ(record(), 15);

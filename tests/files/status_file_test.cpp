@@ -48,15 +48,4 @@ TEST(StatusFile, isTwoLinesWithTheLocalTime) {
     EXPECT_STREQ(strptime(bytes.c_str(), "#%a %b %d %H:%M:%S ABC %Y\n", &date), "Status=9\n") << bytes;
 }
 
-TEST(StatusFile, ofTheMasterDirectoryCountsWhenTheLocalOneDoesNot) {
-    const Sandbox sandbox;
-    RunContext context("", sandbox.path("s"), defaultLanguageSet);
-    context.masterPath = sandbox.path("m");
-    sandbox.write("s/license/status.dat", "Status=3\n");
-    sandbox.write("m/status.dat", "Status=9\n");
-    EXPECT_FALSE(checkAccepted(context)) << "without -m only the local one is judged";
-    context.hasMasterPath = 1;
-    EXPECT_TRUE(checkAccepted(context));
-}
-
 }  // namespace zev::test

@@ -11,7 +11,7 @@ using testing::HasSubstr;
 class Printing : public testing::Test {
 protected:
     Finished print(int lpExit, int lprExit, Environment environment = {}) {
-        sandbox.write("licenses/LA_en", utf16(u"€uro " + std::u16string(60, u'x') + u"\n"));
+        sandbox.write("licenses/LA_en", utf16(u"€uro " + std::u16string(130, u'x') + u"\n"));
         install("lp", lpExit);
         install("lpr", lprExit);
         environment.insert({{"PATH", sandbox.path("bin") + ":/usr/bin:/bin"}, {"LC_ALL", "en_US.UTF-8"}});
@@ -28,24 +28,25 @@ protected:
 
 private:
     void install(const std::string& command, int exitCode) const {
-        sandbox.write("bin/" + command, "#!/bin/sh\necho noise\necho " + command + " $* >> " + sandbox.path("calls") +
-                                            "\ncat $1 > " + sandbox.path("paper") + "\nexit " +
-                                            std::to_string(exitCode) + "\n");
+        const auto quoted = [this](const char* name) { return " '" + sandbox.path(name) + "'\n"; };
+        sandbox.write("bin/" + command, "#!/bin/sh\necho noise\necho " + command + " $* >>" + quoted("calls") +
+                                            "cat $1 >" + quoted("paper") + "exit " + std::to_string(exitCode) + "\n");
         std::filesystem::permissions(sandbox.path("bin/" + command), std::filesystem::perms::owner_all);
     }
 };
 
 TEST_F(Printing, handsADocumentOfSixtyColumnsToTheFirstCommandThatTakesIt) {
     sandbox.write("licenses/non_vur_license", utf16(u"terms"));
+    const std::string sixty(60, 'x');
     EXPECT_THAT(print(0, 0).out, testing::Not(HasSubstr("noise")));
-    EXPECT_EQ(sandbox.read("paper"), "€uro \n" + std::string(60, 'x') + "\n\nen information\n\nterms\n");
+    EXPECT_EQ(sandbox.read("paper"), "€uro \n" + sixty + "\n" + sixty + "\n" + "xxxxxxxxxx\nen information\n\nterms\n");
     EXPECT_TRUE(std::filesystem::remove(document)) << "a printed document is left in place";
 }
 
 TEST_F(Printing, fallsBackToTheSecondCommand) {
     const Finished finished = print(3, 0, {{"ZEV_DEBUG", ""}});
     EXPECT_THAT(finished.err, HasSubstr("DEBUG: creating temp file " + document + " in codepage UTF-8\n"));
-    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Wrote 83 characters to temp file\nDEBUG: Got lp return code : 768\n"));
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Wrote 154 characters to temp file\nDEBUG: Got lp return code : 768\n"));
     EXPECT_THAT(finished.out, HasSubstr("noise\nnoise\n")) << "the commands speak when tracing";
     EXPECT_TRUE(std::filesystem::remove(document));
 }

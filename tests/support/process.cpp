@@ -8,6 +8,9 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <utility>
+
 namespace zev::test {
 
 namespace {
@@ -38,18 +41,15 @@ int exitCodeOf(pid_t process) {
 
 Finished run(const Arguments& arguments, const Environment& environment, const std::string& input) {
     const Sandbox streams;
-    int pipeEnds[2];
-    EXPECT_EQ(pipe(pipeEnds), 0);
-    EXPECT_EQ(write(pipeEnds[1], input.data(), input.size()), static_cast<ssize_t>(input.size()));
-    close(pipeEnds[1]);
+    streams.write("in", input);
     const pid_t process = fork();
     if (process == 0) {
-        dup2(pipeEnds[0], STDIN_FILENO);
-        dup2(open(streams.path("out").c_str(), O_RDWR | O_CREAT, 0600), STDOUT_FILENO);
-        dup2(open(streams.path("err").c_str(), O_RDWR | O_CREAT, 0600), STDERR_FILENO);
+        int descriptor = STDIN_FILENO;
+        for (const char* name : {"in", "out", "err"}) {
+            dup2(open(streams.path(name).c_str(), O_RDWR | O_CREAT, 0600), descriptor++);
+        }
         execute(arguments, environment);
     }
-    close(pipeEnds[0]);
     const int exitCode = exitCodeOf(process);
     return {exitCode, streams.read("out"), streams.read("err")};
 }
@@ -94,9 +94,10 @@ void Terminal::type(const std::string& line) {
     EXPECT_EQ(write(terminal_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
-int Terminal::finish() {
+int Terminal::finish(std::string& rest) {
     while (readSome()) {
     }
+    rest = unread_;
     return exitCodeOf(std::exchange(process_, -1));
 }
 

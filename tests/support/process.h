@@ -18,7 +18,7 @@ struct Finished {
 };
 
 /// Runs the real binary to its end: with nothing in its environment but TZ=UTC, a PATH and `environment`, and with
-/// `input` in a pipe on its standard input.
+/// `input` in a file on its standard input.
 Finished run(const Arguments& arguments, const Environment& environment = {}, const std::string& input = "");
 
 /// The real binary on a terminal of its own, which neither echoes nor changes line ends.
@@ -32,8 +32,8 @@ public:
     /// Reads on until `text` has appeared; fails the test when it does not come in time.
     void waitFor(const std::string& text);
     void type(const std::string& line);
-    /// Waits for the end of the process and returns its exit code.
-    int finish();
+    /// Waits for the end of the process and returns its exit code, and in `rest` what no one waited for.
+    int finish(std::string& rest);
 
 private:
     bool readSome();
