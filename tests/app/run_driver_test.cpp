@@ -64,17 +64,10 @@ TEST(RunDriver, failsWithTheCodeOfTheStageThatFailed) {
 
 TEST(RunDriver, honoursThePreferredLanguageWhereItsFilesExist) {
     const std::pair<const char*, const char*> rows[]{
-        {"fr_CA", R"(Using locale/resource for language fr
-DEBUG: Locale information:
-DEBUG:   isBogus        : no
-DEBUG:   language       : fr
-DEBUG:   country        : CA
-DEBUG:   variant        : 
-DEBUG:   name           : fr_CA
-DEBUG:   base name      : fr_CA
-DEBUG:   ISO 3 language : fra
-DEBUG:   ISO 3 country  : CAN
-)"},
+        {"fr_CA", "Using locale/resource for language fr\nDEBUG: Locale information:\nDEBUG:   isBogus        : no\n"
+                  "DEBUG:   language       : fr\nDEBUG:   country        : CA\nDEBUG:   variant        : \n"
+                  "DEBUG:   name           : fr_CA\nDEBUG:   base name      : fr_CA\n"
+                  "DEBUG:   ISO 3 language : fra\nDEBUG:   ISO 3 country  : CAN\n"},
         {"zh_TW", "Using locale/resource for language zh\n"},
         {"xx", "Could not setLocale for language xx\n"},
         {"de", "Could not set locale, license not available for language de\n"},

@@ -14,8 +14,6 @@
 namespace zev::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 std::string adopt(const std::string& language) {
     setenv("LC_ALL", (language + ".UTF-8").c_str(), 1);
     adoptEnvironmentLocale();
@@ -26,16 +24,13 @@ std::string adopt(const std::string& language) {
 struct Speaker {
     explicit Speaker(const std::string& language) : context(adopt(language), ".", 4), dialog(context) {}
 
-    /// The lines of a text without the line feed that ends each.
-    [[nodiscard]] Lines lines(const icu::UnicodeString& text, int32_t width) const {
-        Lines result;
+    /// The lines of a text as they are shown, each with its line feed.
+    [[nodiscard]] std::string lines(const icu::UnicodeString& text, int32_t width) const {
+        std::string shown;
         const auto broken = breakText(dialog, text, width);
-        if (!broken) return {"<failed>"};
-        for (const icu::UnicodeString& line : *broken) {
-            EXPECT_TRUE(line.endsWith(u'\n'));
-            line.tempSubString(0, line.length() - 1).toUTF8String(result.emplace_back());
-        }
-        return result;
+        if (!broken) return "<failed>";
+        for (const icu::UnicodeString& line : *broken) line.toUTF8String(shown);
+        return shown;
     }
 
     RunContext context;
@@ -71,13 +66,13 @@ TextLines breakPlainly(const LicenseDialog& dialog, const icu::UnicodeString& te
 
 TEST(LineBreaking, keepsLinesNarrowerThanTheWidth) {
     const Speaker english("en_US");
-    EXPECT_EQ(english.lines(u"The quick brown-fox.\nDone", 12), (Lines{"The quick ", "brown-fox.", "Done"}));
-    EXPECT_EQ(english.lines(u"one two six", 10), (Lines{"one two ", "six"}));
-    EXPECT_EQ(english.lines(u"abcdefgh x", 10), (Lines{"abcdefgh ", "x"}));
-    EXPECT_EQ(english.lines(u"abcdefghijklmnop", 10), (Lines{"abcdefghij", "klmnop"}));
-    EXPECT_EQ(english.lines(u"abcdefghij\nx", 10), (Lines{"abcdefghij", "", "x"})) << "the line feed counts too";
-    EXPECT_EQ(english.lines(u"a\n\nb\r\n", 80), (Lines{"a", "", "b\r"}));
-    EXPECT_EQ(english.lines(u"", 80), Lines{"<failed>"});
+    EXPECT_EQ(english.lines(u"The quick brown-fox.\nDone", 12), "The quick \nbrown-fox.\nDone\n");
+    EXPECT_EQ(english.lines(u"one two six", 10), "one two \nsix\n");
+    EXPECT_EQ(english.lines(u"abcdefgh x", 10), "abcdefgh \nx\n");
+    EXPECT_EQ(english.lines(u"abcdefghijklmnop", 10), "abcdefghij\nklmnop\n");
+    EXPECT_EQ(english.lines(u"abcdefghij\nx", 10), "abcdefghij\n\nx\n") << "the line feed counts too";
+    EXPECT_EQ(english.lines(u"a\n\nb\r\n", 80), "a\n\nb\r\n");
+    EXPECT_EQ(english.lines(u"", 80), "<failed>");
 }
 
 TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
@@ -87,18 +82,18 @@ TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
         EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->front().length(), 39 + 1) << "78 columns";
         // Six letters are too wide and cut after ten units, in the next word. Where that word's rest is too wide as
         // well, it starts over from its own break.
-        EXPECT_EQ(speaker.lines(u"абвгде жзик", 10), (Lines{"абвгде жзи", "к"}));
-        EXPECT_EQ(speaker.lines(u"абвгде жзиклмнопрст", 10), (Lines{"абвгде жзи", "", "жзиклмнопр", "ст"}));
-        EXPECT_EQ(speaker.lines(u"абвгд\nя", 10), (Lines{"абвгд\nя"})) << "past a line feed and the end";
+        EXPECT_EQ(speaker.lines(u"абвгде жзик", 10), "абвгде жзи\nк\n");
+        EXPECT_EQ(speaker.lines(u"абвгде жзиклмнопрст", 10), "абвгде жзи\n\nжзиклмнопр\nст\n");
+        EXPECT_EQ(breakText(speaker.dialog, u"абвгд\nя", 10)->size(), 1U) << "cut past a line feed and the end";
     }
     EXPECT_EQ(displayWidth(Speaker("el").dialog, u"aλ\U0001F600"), 4);
 }
 
 TEST(LineBreaking, followsTheLocaleOfTheDialogueAndMeasuresByThatOfTheContext) {
     Speaker speaker("ja");
-    EXPECT_EQ(speaker.lines(u"許使ァ", 5), (Lines{"許使", "ァ"}));
+    EXPECT_EQ(speaker.lines(u"許使ァ", 5), "許使\nァ\n");
     speaker.dialog.currentLocale = &speaker.dialog.englishLocale;
-    EXPECT_EQ(speaker.lines(u"許使ァ", 5), (Lines{"許", "使ァ"}));
+    EXPECT_EQ(speaker.lines(u"許使ァ", 5), "許\n使ァ\n");
 }
 
 TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {

@@ -133,9 +133,10 @@ TEST_F(Dialogue, switchesToEnglishAndBack) {
     terminal.waitFor("fr agreement\n");
     sandbox.remove("licenses/LA_fr");
     terminal.type("5");
-    std::string rest;
-    EXPECT_EQ(terminal.finish(rest), 11);
-    EXPECT_THAT(rest, testing::Not(HasSubstr("[INPUT]"))) << "a terminal shows answers by itself";
+    const Finished finished = terminal.finish();
+    EXPECT_EQ(finished.exitCode, 11);
+    EXPECT_THAT(finished.out, testing::EndsWith("Exited with: 11\n"));
+    EXPECT_THAT(finished.out, testing::Not(HasSubstr("[INPUT]"))) << "a terminal shows answers by itself";
     EXPECT_THAT(sandbox.read("trace"),
                 HasSubstr("DEBUG: Could not set locale, license not available for language en\n"));
 }

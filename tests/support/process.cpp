@@ -94,11 +94,10 @@ void Terminal::type(const std::string& line) {
     EXPECT_EQ(write(terminal_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
-int Terminal::finish(std::string& rest) {
+Finished Terminal::finish() {
     while (readSome()) {
     }
-    rest = unread_;
-    return exitCodeOf(std::exchange(process_, -1));
+    return {exitCodeOf(std::exchange(process_, -1)), unread_, ""};
 }
 
 }  // namespace zev::test

@@ -32,8 +32,8 @@ public:
     /// Reads on until `text` has appeared; fails the test when it does not come in time.
     void waitFor(const std::string& text);
     void type(const std::string& line);
-    /// Waits for the end of the process and returns its exit code, and in `rest` what no one waited for.
-    int finish(std::string& rest);
+    /// Waits for the end of the process; `out` is what no one waited for.
+    Finished finish();
 
 private:
     bool readSome();
