@@ -18,10 +18,10 @@ constinit const CatalogueTexts cs{
     .YES_KEY = escaped<u"Ano">,
     .NO_KEY = escaped<u"Ne">,
     .DECLINED_KEY = escaped<
-        u"Zvolili jste odmítnutí licenční smlouvy. Instalace nebyla dokončena. Instalaci mů\u009Eete znovu spustit v "
-        u"pozděj\u009Aí době, nebo mů\u009Eete Program vrátit straně (společnosti VUR nebo jejímu prodejci), od "
-        u"které jste jej získali, a po\u009Eádat o vrácení peněz.">,
-    .CONFIRMDECLINE_KEY = escaped<u"Potvrzujete, \u009Ee opravdu chcete odmítnout licenční smlouvu?">,
+        u"Rozhodli jste se licenční smlouvu odmítnout. Instalace nebyla dokončena. Instalaci mů\u009Eete později "
+        u"spustit znovu, nebo mů\u009Eete Program vrátit straně, od které jste jej získali (společnosti VUR nebo "
+        u"jejímu prodejci), a po\u009Eádat o vrácení peněz.">,
+    .CONFIRMDECLINE_KEY = escaped<u"Jste si jisti, \u009Ee chcete licenční smlouvu odmítnout?">,
     .CLILANGMENU_KEY = escaped<
         u"Licenèní smlouva o užívání softwaru\n"
         u"1. Èeština \n"
@@ -43,8 +43,8 @@ constinit const CatalogueTexts cs{
         u"Stiskněte klávesu Enter, chcete-li pokračovat v prohlížení licenční smlouvy, nebo zadejte jedno z těchto "
         u"čísel: \"1\" Přijmout smlouvu, \"2\" Odmítnout smlouvu, \"99\" Vrátit se na předchozí obrazovku.\n">,
     .CLICFMMSG_KEY = escaped<
-        u"Zvolili jste odmítnutí licenční smlouvy. Instalace Programu bude ukončena. Pokud jste si jisti, že chcete "
-        u"licenční smlouvu odmítnout, potvrďte to opětovným zadáním \"2\". V opačném případě zadejte \"1\", "
+        u"Rozhodli jste se licenční smlouvu odmítnout. Instalace Programu bude ukončena. Pokud licenční smlouvu "
+        u"opravdu chcete odmítnout, potvrďte to opětovným zadáním čísla \"2\". V opačném případě zadejte \"1\", "
         u"chcete-li licenční smlouvu přijmout, nebo stiskněte klávesu Enter, chcete-li pokračovat ve čtení smlouvy.\n">,
     .CLIACCMSG_KEY = escaped<
         u"Dokončili jste prohlížení licenční smlouvy. Zadejte \"1\", chcete-li smlouvu přijmout, nebo \"2\", "
@@ -54,7 +54,7 @@ constinit const CatalogueTexts cs{
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Došlo k chybě tiskárny. Licenční smlouva nebude vytištěna.">,
     .LANGNAME_KEY = escaped<u"Čeština">,
-    .NONVURTERMS_KEY = escaped<u"Přečíst podmínky jiných stran než VUR">,
+    .NONVURTERMS_KEY = escaped<u"Přečíst podmínky jiných stran než společnosti VUR">,
 };
 
 }  // namespace zev::catalogues

@@ -7,10 +7,10 @@ constinit const CatalogueTexts de{
     .NUMERIC1_KEY = escaped<u"10">,
     .TITLE_KEY = latin1<u"Softwarelizenzvereinbarung">,
     .INSTRUCTIONS_KEY = latin1<
-        u"Bitte lesen Sie die beiliegende Lizenzvereinbarung sorgfältig durch, bevor Sie das Programm verwenden. Indem "
-        u"Sie unten \"Annehmen\" auswählen oder das Programm verwenden, erklären Sie sich damit einverstanden, die "
-        u"Bedingungen dieser Vereinbarung anzunehmen. Wenn Sie \"Ablehnen\" auswählen, wird die Installation nicht "
-        u"abgeschlossen, und Sie können das Programm nicht verwenden. ">,
+        u"Bitte lesen Sie die beigefügte Lizenzvereinbarung sorgfältig durch, bevor Sie das Programm verwenden. Indem "
+        u"Sie unten \"Annehmen\" auswählen oder das Programm verwenden, erklären Sie sich mit den Bedingungen "
+        u"dieser Vereinbarung einverstanden. Wenn Sie \"Ablehnen\" auswählen, wird die Installation nicht "
+        u"abgeschlossen und Sie können das Programm nicht verwenden. ">,
     .ACCEPT_KEY = escaped<u"Annehmen">,
     .DECLINE_KEY = escaped<u"Ablehnen">,
     .PRINT_KEY = escaped<u"Drucken">,
@@ -19,7 +19,7 @@ constinit const CatalogueTexts de{
     .DECLINED_KEY = latin1<
         u"Sie haben sich entschieden, die Lizenzvereinbarung abzulehnen. Die Installation wurde nicht abgeschlossen. "
         u"Sie können die Installation später erneut starten oder das Programm an den Vertragspartner (VUR oder einen "
-        u"Wiederverkäufer von VUR), von dem es erworben wurde, zurückgeben und eine Erstattung verlangen.">,
+        u"Wiederverkäufer von VUR), von dem es erworben wurde, zurückgeben und um eine Rückerstattung bitten.">,
     .CONFIRMDECLINE_KEY = latin1<u"Möchten Sie die Lizenzvereinbarung wirklich ablehnen?">,
     .CLILANGMENU_KEY = latin1<
         u"Softwarelizenzvereinbarung\n"
@@ -38,11 +38,11 @@ constinit const CatalogueTexts de{
         u"Drücken Sie die Eingabetaste, um die Lizenzvereinbarung auf dem Bildschirm anzuzeigen. Bitte lesen Sie die "
         u"Vereinbarung sorgfältig durch, bevor Sie das Programm installieren. Nach dem Lesen haben Sie die "
         u"Möglichkeit, die Vereinbarung anzunehmen oder abzulehnen. Wenn Sie die Vereinbarung ablehnen, wird die "
-        u"Installation nicht abgeschlossen, und Sie können das Programm nicht verwenden.\n">,
+        u"Installation nicht abgeschlossen und Sie können das Programm nicht verwenden.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Drücken Sie die Eingabetaste, um die Lizenzvereinbarung weiter anzuzeigen, oder geben Sie eine der folgenden "
-        u"Zahlen ein: \"1\" Vereinbarung annehmen, \"2\" Vereinbarung ablehnen, \"99\" Zurück zur vorherigen "
-        u"Bildschirmseite.\n">,
+        u"Zahlen ein: \"1\" Vereinbarung annehmen, \"2\" Vereinbarung ablehnen, \"99\" Zur vorherigen "
+        u"Bildschirmseite zurückkehren.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Sie haben sich entschieden, die Lizenzvereinbarung abzulehnen. Die Installation des Programms wird "
         u"abgebrochen. Wenn Sie sicher sind, dass Sie die Lizenzvereinbarung ablehnen möchten, geben Sie zur "
@@ -51,12 +51,12 @@ constinit const CatalogueTexts de{
     .CLIACCMSG_KEY = escaped<
         u"Die Lizenzvereinbarung wurde vollständig angezeigt. Geben Sie \"1\" ein, um die Vereinbarung anzunehmen, "
         u"oder \"2\", um sie abzulehnen. Wenn Sie die Vereinbarung ablehnen, wird die Installation nicht "
-        u"abgeschlossen, und Sie können das Programm nicht verwenden.\n">,
+        u"abgeschlossen und Sie können das Programm nicht verwenden.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Es ist ein Druckerfehler aufgetreten. Die Lizenzvereinbarung wird nicht gedruckt.">,
     .LANGNAME_KEY = escaped<u"Deutsch">,
-    .NONVURTERMS_KEY = escaped<u"Nicht-VUR-Bedingungen lesen">,
+    .NONVURTERMS_KEY = escaped<u"Bedingungen anderer Anbieter als VUR lesen">,
 };
 
 }  // namespace zev::catalogues

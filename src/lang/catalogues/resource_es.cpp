@@ -8,8 +8,8 @@ constinit const CatalogueTexts es{
     .TITLE_KEY = latin1<u"Contrato de licencia de software">,
     .INSTRUCTIONS_KEY = latin1<
         u"Lea detenidamente el contrato de licencia adjunto antes de utilizar el Programa. Al seleccionar \"Aceptar\" "
-        u"más abajo o al utilizar el Programa, usted declara que acepta los términos de este contrato. Si selecciona "
-        u"\"Rechazar\", la instalación no se completará y usted no podrá utilizar el Programa. ">,
+        u"más abajo o al utilizar el Programa, usted acepta los términos de este contrato. Si selecciona \"Rechazar\", "
+        u"la instalación no se completará y usted no podrá utilizar el Programa. ">,
     .ACCEPT_KEY = escaped<u"Aceptar">,
     .DECLINE_KEY = escaped<u"Rechazar">,
     .PRINT_KEY = escaped<u"Imprimir">,
@@ -17,8 +17,8 @@ constinit const CatalogueTexts es{
     .NO_KEY = latin1<u"No">,
     .DECLINED_KEY = latin1<
         u"Ha decidido rechazar el contrato de licencia. La instalación no se ha completado. Puede volver a iniciar la "
-        u"instalación más adelante o devolver el Programa a la parte (VUR o su revendedor) de la que lo adquirió y "
-        u"solicitar un reembolso.">,
+        u"instalación más adelante, o bien devolver el Programa a la parte (VUR o uno de sus revendedores) de la que "
+        u"se adquirió y solicitar un reembolso.">,
     .CONFIRMDECLINE_KEY = latin1<u"¿Realmente desea rechazar el contrato de licencia?">,
     .CLILANGMENU_KEY = latin1<
         u"Contrato de licencia de software\n"
@@ -42,7 +42,7 @@ constinit const CatalogueTexts es{
         u"Aceptar el contrato, \"2\" Rechazar el contrato, \"99\" Volver a la pantalla anterior.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Ha decidido rechazar el contrato de licencia. La instalación del Programa se cancelará. Si tiene la certeza "
-        u"de que desea rechazar el contrato de licencia, escriba \"2\" de nuevo para confirmarlo. De lo contrario, "
+        u"de que desea rechazar el contrato de licencia, escriba \"2\" de nuevo para confirmar. De lo contrario, "
         u"escriba \"1\" para aceptar el contrato de licencia o pulse Intro para seguir leyendo el contrato.\n">,
     .CLIACCMSG_KEY = escaped<
         u"Ha terminado de ver el contrato de licencia. Escriba \"1\" para aceptar el contrato o \"2\" para rechazarlo. "

@@ -8,9 +8,9 @@ constinit const CatalogueTexts fr{
     .TITLE_KEY = latin1<u"Contrat de licence de logiciel">,
     .INSTRUCTIONS_KEY = latin1<
         u"Veuillez lire attentivement le contrat de licence ci-joint avant d'utiliser le Programme. En sélectionnant "
-        u"\"Accepter\" ci-dessous ou en utilisant le Programme, vous consentez à accepter les conditions du présent "
-        u"contrat. Si vous sélectionnez \"Refuser\", l'installation ne sera pas menée à son terme et vous ne pourrez "
-        u"pas utiliser le Programme. ">,
+        u"«\u00A0Accepter\u00A0» ci-dessous ou en utilisant le Programme, vous déclarez accepter les conditions du "
+        u"présent contrat. Si vous sélectionnez «\u00A0Refuser\u00A0», l'installation ne sera pas menée à son terme et "
+        u"vous ne pourrez pas utiliser le Programme. ">,
     .ACCEPT_KEY = escaped<u"Accepter">,
     .DECLINE_KEY = escaped<u"Refuser">,
     .PRINT_KEY = escaped<u"Imprimer">,
@@ -18,7 +18,7 @@ constinit const CatalogueTexts fr{
     .NO_KEY = latin1<u"Non">,
     .DECLINED_KEY = latin1<
         u"Vous avez choisi de refuser le contrat de licence. L'installation n'a pas été menée à son terme. Vous pouvez "
-        u"recommencer l'installation ultérieurement ou retourner le Programme à la partie (VUR ou son revendeur) "
+        u"relancer l'installation ultérieurement ou retourner le Programme à la partie (VUR ou son revendeur) "
         u"auprès de laquelle il a été acquis et en demander le remboursement.">,
     .CONFIRMDECLINE_KEY = latin1<u"Souhaitez-vous vraiment refuser le contrat de licence\u00A0?">,
     .CLILANGMENU_KEY = latin1<
@@ -32,7 +32,7 @@ constinit const CatalogueTexts fr{
         u"7. Portugais\n"
         u"8. Espagnol\n"
         u"9. Turc\n">,
-    .CLILANGMSG_KEY = escaped<u"Veuillez saisir le numéro correspondant à la langue que vous préférez.\n">,
+    .CLILANGMSG_KEY = escaped<u"Veuillez saisir le numéro correspondant à la langue de votre choix.\n">,
     .CLITITLE_KEY = escaped<u"Contrat de licence de logiciel">,
     .CLIINTROMSG_KEY = escaped<
         u"Appuyez sur Entrée pour afficher le contrat de licence à l'écran. Veuillez lire attentivement le contrat "
@@ -44,9 +44,8 @@ constinit const CatalogueTexts fr{
         u"suivants\u00A0: \"1\" Accepter le contrat, \"2\" Refuser le contrat, \"99\" Revenir à l'écran précédent.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Vous avez choisi de refuser le contrat de licence. Il sera mis fin à l'installation du Programme. Si vous "
-        u"êtes certain de vouloir refuser le contrat de licence, saisissez de nouveau \"2\" pour confirmer. Sinon, "
-        u"saisissez \"1\" pour accepter le contrat de licence, ou appuyez sur Entrée pour poursuivre la lecture du "
-        u"contrat.\n">,
+        u"voulez vraiment refuser le contrat de licence, saisissez de nouveau \"2\" pour confirmer. Sinon, saisissez "
+        u"\"1\" pour accepter le contrat de licence, ou appuyez sur Entrée pour poursuivre la lecture du contrat.\n">,
     .CLIACCMSG_KEY = escaped<
         u"Vous avez terminé la consultation du contrat de licence. Saisissez \"1\" pour accepter le contrat ou \"2\" "
         u"pour le refuser. Si vous choisissez de refuser le contrat, l'installation ne sera pas menée à son terme et "
@@ -55,7 +54,7 @@ constinit const CatalogueTexts fr{
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Une erreur d'imprimante s'est produite. Le contrat de licence ne sera pas imprimé.">,
     .LANGNAME_KEY = escaped<u"Français">,
-    .NONVURTERMS_KEY = escaped<u"Lire les conditions non-VUR">,
+    .NONVURTERMS_KEY = escaped<u"Lire les conditions autres que celles de VUR">,
 };
 
 }  // namespace zev::catalogues

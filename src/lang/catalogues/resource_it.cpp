@@ -19,7 +19,7 @@ constinit const CatalogueTexts it{
     .DECLINED_KEY = latin1<
         u"Si è scelto di rifiutare il contratto di licenza. L'installazione non è stata completata. È possibile "
         u"riavviare l'installazione in un secondo momento oppure restituire il Programma alla parte (VUR o un suo "
-        u"rivenditore) dalla quale è stato acquisito e richiedere un rimborso.">,
+        u"rivenditore) dalla quale è stato acquisito e richiederne il rimborso.">,
     .CONFIRMDECLINE_KEY = latin1<u"Si desidera davvero rifiutare il contratto di licenza?">,
     .CLILANGMENU_KEY = latin1<
         u"Contratto di licenza software\n"
@@ -41,7 +41,7 @@ constinit const CatalogueTexts it{
         u"possibile utilizzare il Programma.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Premere Invio per continuare a visualizzare il contratto di licenza oppure digitare uno dei numeri "
-        u"seguenti: \"1\" Accettazione del contratto, \"2\" Rifiuto del contratto, \"99\" Ritorno alla schermata "
+        u"seguenti: \"1\" Accetta il contratto, \"2\" Rifiuta il contratto, \"99\" Torna alla schermata "
         u"precedente.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Si è scelto di rifiutare il contratto di licenza. L'installazione del Programma verrà interrotta. Se si è "
@@ -57,7 +57,7 @@ constinit const CatalogueTexts it{
     .PRINTERRMSG_KEY = escaped<
         u"Si è verificato un errore della stampante. Il contratto di licenza non verrà stampato.">,
     .LANGNAME_KEY = escaped<u"Italiano">,
-    .NONVURTERMS_KEY = escaped<u"Lettura dei termini non VUR">,
+    .NONVURTERMS_KEY = escaped<u"Leggi i termini di soggetti diversi da VUR">,
 };
 
 }  // namespace zev::catalogues

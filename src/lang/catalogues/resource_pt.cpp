@@ -16,9 +16,9 @@ constinit const CatalogueTexts pt{
     .YES_KEY = latin1<u"Sim">,
     .NO_KEY = latin1<u"Não">,
     .DECLINED_KEY = latin1<
-        u"Optou por recusar o contrato de licença. A instalação não foi concluída. É possível reiniciar a instalação "
-        u"mais tarde ou devolver o Programa à parte (a VUR ou o seu revendedor) da qual foi adquirido e solicitar um "
-        u"reembolso.">,
+        u"Optou por recusar o contrato de licença. A instalação não foi concluída. Pode iniciar novamente a "
+        u"instalação mais tarde ou, então, devolver o Programa à entidade (a VUR ou um dos seus revendedores) da qual "
+        u"este foi adquirido e solicitar um reembolso.">,
     .CONFIRMDECLINE_KEY = latin1<u"Deseja realmente recusar o contrato de licença?">,
     .CLILANGMENU_KEY = latin1<
         u"Contrato de licença de software\n"

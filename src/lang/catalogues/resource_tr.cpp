@@ -7,7 +7,7 @@ constinit const CatalogueTexts tr{
     .NUMERIC1_KEY = escaped<u"10">,
     .TITLE_KEY = escaped<u"Yazılım Lisans Sözleşmesi">,
     .INSTRUCTIONS_KEY = escaped<
-        u"Lütfen Program'ı kullanmadan önce ekteki lisans sözleşmesini dikkatle okuyun. Aşağıda \"Kabul Et\" "
+        u"Lütfen Program'ı kullanmadan önce ekteki lisans sözleşmesini dikkatle okuyun. Aşağıdaki \"Kabul Et\" "
         u"seçeneğini seçerek veya Program'ı kullanarak bu sözleşmenin koşullarını kabul etmiş olursunuz. \"Reddet\" "
         u"seçeneğini seçerseniz kurulum tamamlanmayacak ve Program'ı kullanamayacaksınız. ">,
     .ACCEPT_KEY = escaped<u"Kabul Et">,
@@ -17,7 +17,7 @@ constinit const CatalogueTexts tr{
     .NO_KEY = escaped<u"Hayır">,
     .DECLINED_KEY = escaped<
         u"Lisans sözleşmesini reddetmeyi seçtiniz. Kurulum tamamlanmadı. Kurulumu daha sonra yeniden başlatabilir veya "
-        u"Program'ı edindiğiniz tarafa (VUR ya da bayisi) geri vererek para iadesi talep edebilirsiniz.">,
+        u"Program'ı edindiğiniz tarafa (VUR ya da bir VUR bayisi) geri vererek para iadesi talep edebilirsiniz.">,
     .CONFIRMDECLINE_KEY = escaped<u"Lisans sözleşmesini gerçekten reddetmek istiyor musunuz?">,
     .CLILANGMENU_KEY = escaped<
         u"Yazılım Lisans Sözleşmesi\n"
@@ -37,11 +37,11 @@ constinit const CatalogueTexts tr{
         u"sözleşmeyi dikkatle okuyun. Sözleşmeyi okuduktan sonra size sözleşmeyi kabul etme veya reddetme olanağı "
         u"sunulacaktır. Sözleşmeyi reddetmeyi seçerseniz kurulum tamamlanmayacak ve Program'ı kullanamayacaksınız.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Lisans sözleşmesini görüntülemeye devam etmek için Enter tuşuna basın veya şu numaralardan birini girin: "
-        u"\"1\" Sözleşmeyi kabul et, \"2\" Sözleşmeyi reddet, \"99\" Önceki ekrana dön.\n">,
+        u"Lisans sözleşmesini görüntülemeye devam etmek için Enter tuşuna basın veya bir numara girin: \"1\" "
+        u"Sözleşmeyi kabul et, \"2\" Sözleşmeyi reddet, \"99\" Önceki ekrana dön.\n">,
     .CLICFMMSG_KEY = escaped<
-        u"Lisans sözleşmesini reddetmeyi seçtiniz. Program'ın kurulumu sonlandırılacaktır. Lisans sözleşmesini "
-        u"reddetmek istediğinizden eminseniz, onaylamak için yeniden \"2\" girin. Aksi halde lisans sözleşmesini kabul "
+        u"Lisans sözleşmesini reddetmeyi seçtiniz. Program kurulumu sonlandırılacaktır. Lisans sözleşmesini reddetmek "
+        u"istediğinizden eminseniz bunu onaylamak için yeniden \"2\" girin. Aksi takdirde lisans sözleşmesini kabul "
         u"etmek için \"1\" girin veya sözleşmeyi okumaya devam etmek için Enter tuşuna basın.\n">,
     .CLIACCMSG_KEY = escaped<
         u"Lisans sözleşmesini görüntülemeyi tamamladınız. Sözleşmeyi kabul etmek için \"1\", reddetmek için \"2\" "
@@ -50,7 +50,7 @@ constinit const CatalogueTexts tr{
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Bir yazıcı hatası oluştu. Lisans sözleşmesi yazdırılmayacaktır.">,
     .LANGNAME_KEY = escaped<u"Türkçe">,
-    .NONVURTERMS_KEY = escaped<u"VUR dışı koşulları oku">,
+    .NONVURTERMS_KEY = escaped<u"VUR dışı tarafların koşullarını oku">,
 };
 
 }  // namespace zev::catalogues

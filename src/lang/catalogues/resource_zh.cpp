@@ -23,22 +23,22 @@ constinit const CatalogueTexts zh{
     .CLILANGMSG_KEY = englishLanguageQuestion,
     .CLITITLE_KEY = englishTitle,
     .CLIINTROMSG_KEY = escaped<
-        u"请按 Enter 键在屏幕上显示许可协议。安装本程序之前，请仔细阅读许可协议。"
+        u"请按 Enter 键，以在屏幕上显示许可协议。安装本程序之前，请仔细阅读许可协议。"
         u"阅读之后，您可以选择接受或拒绝许可协议。如果您选择拒绝许可协议，安装将不会完成，您也将无法使用本程序。\n">,
     .CLICONTMSG_KEY = escaped<
         u"请按 Enter 键继续查看许可协议，或输入以下数字之一："
         u"\"1\" 接受许可协议, \"2\" 拒绝许可协议, \"99\" 返回上一屏。\n">,
     .CLICFMMSG_KEY = escaped<
-        u"您已选择拒绝许可协议。本程序的安装将会终止。如果您确定要拒绝许可协议，请再次输入 \"2\" 进行确认。"
+        u"您已选择拒绝许可协议。本程序的安装将终止。如果您确定要拒绝许可协议，请再次输入 \"2\" 确认。"
         u"否则，请输入 \"1\" 接受许可协议，或按 Enter 键继续阅读许可协议。\n">,
     .CLIACCMSG_KEY = escaped<
-        u"许可协议已显示完毕。请输入 \"1\" 接受许可协议，或输入 \"2\" 拒绝许可协议。"
+        u"您已查看完许可协议。请输入 \"1\" 接受许可协议，或输入 \"2\" 拒绝许可协议。"
         u"如果您选择拒绝许可协议，安装将不会完成，您也将无法使用本程序。\n">,
     .NUMERIC2_KEY = escaped<u"18">,
     .NUMERIC3_KEY = escaped<u"16">,
-    .PRINTERRMSG_KEY = escaped<u"打印机发生错误。将不会打印许可协议。">,
+    .PRINTERRMSG_KEY = escaped<u"打印机发生错误，将不会打印许可协议。">,
     .LANGNAME_KEY = escaped<u"简体中文">,
-    .NONVURTERMS_KEY = escaped<u"阅读非 VUR 条款">,
+    .NONVURTERMS_KEY = escaped<u"阅读 VUR 以外的第三方条款">,
 };
 
 }  // namespace zev::catalogues
