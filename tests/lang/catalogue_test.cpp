@@ -110,6 +110,7 @@ TEST(Catalogue, keepsRawBytesInTextsOfFiveLanguages) {
 
 TEST(Catalogue, keepsTheFaultsOfTheCzechTexts) {
     EXPECT_EQ(textsWith(u"u009[AE]"), "cs 2, cs 3, cs 9, cs 10, cs 12, cs 14, ");
+    EXPECT_EQ(textsWith(u"u009A"), "cs 14, ");
     EXPECT_EQ(textsWith(u"u009[AE].*u01(61|7E)|u01(61|7E).*u009[AE]"), "");
     const char* const menu = slotsOf(catalogues::cs)[11];
     for (const auto* pattern : {u"u00E8", u"u00C8", u"u00EC"}) EXPECT_TRUE(isFound(pattern, menu));

@@ -36,8 +36,8 @@ constinit const CatalogueTexts cs{
     .CLILANGMSG_KEY = escaped<u"Zadejte číslo odpovídající jazyku, který si přejete pou\u009Eívat.\n">,
     .CLITITLE_KEY = escaped<u"Licenční smlouva o užívání softwaru">,
     .CLIINTROMSG_KEY = escaped<
-        u"Stisknutím klávesy Enter zobrazíte licenční smlouvu na obrazovce. Před instalací Programu si smlouvu "
-        u"pečlivě přečtěte. Po přečtení smlouvy budete mít mo\u009Enost ji přijmout, nebo odmítnout. Pokud se "
+        u"Stisknutím klávesy Enter zobrazíte licenční smlouvu na va\u009Aí obrazovce. Před instalací Programu si "
+        u"smlouvu pečlivě přečtěte. Po přečtení smlouvy budete mít mo\u009Enost ji přijmout, nebo odmítnout. Pokud se "
         u"rozhodnete smlouvu odmítnout, instalace nebude dokončena a Program nebudete moci pou\u009Eívat.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Stiskněte klávesu Enter, chcete-li pokračovat v prohlížení licenční smlouvy, nebo zadejte jedno z těchto "

@@ -17,7 +17,7 @@ constinit const CatalogueTexts ko{
     .NO_KEY = escaped<u"아니요">,
     .DECLINED_KEY = escaped<
         u"사용권 계약을 거부하기로 선택하셨습니다. 설치가 완료되지 않았습니다. 나중에 설치를 다시 시작하거나, "
-        u"본 프로그램을 취득처(VUR 또는 그 재판매업체)에 반환하고 환불을 요청할 수 있습니다.">,
+        u"본 프로그램을 그 제공자(VUR 또는 그 재판매업체)에게 반환하고 환불을 요청할 수 있습니다.">,
     .CONFIRMDECLINE_KEY = escaped<u"사용권 계약을 정말로 거부하시겠습니까?">,
     .CLILANGMENU_KEY = englishTwelveLanguages,
     .CLILANGMSG_KEY = englishLanguageQuestion,
