@@ -32,7 +32,9 @@ std::vector<icu::UnicodeString> textsOf(const char* code) {
 
 bool isFound(const icu::UnicodeString& pattern, const icu::UnicodeString& text) {
     UErrorCode status = U_ZERO_ERROR;
-    return icu::RegexMatcher(pattern, text, 0, status).find(status);
+    const bool found = icu::RegexMatcher(pattern, text, 0, status).find(status);
+    EXPECT_TRUE(U_SUCCESS(status)) << "else a pattern with a fault would find nothing and no one notice";
+    return found;
 }
 
 /// "<code> <slot>, " of each text in which `pattern` is found.
@@ -48,16 +50,11 @@ std::string textsWith(const icu::UnicodeString& pattern) {
 }
 
 TEST(Catalogue, answersEverySlotWithItsOwnText) {
-    const std::pair<unsigned, const char*> rows[]{
-        {2, "Software License Agreement"},
-        {4, "Accept"},
-        {5, "Decline"},
-        {6, "Print"},
-        {7, "Yes"},
-        {8, "No"},
-        {10, "Do you really wish to decline the license agreement?"},
-        {20, "A printer error occurred. The License Agreement will not be printed."}};
-    for (const auto& [slot, text] : rows) EXPECT_EQ(textsOf("en")[slot], text);
+    const auto texts = textsOf("en");
+    EXPECT_EQ(texts[2], u"Software License Agreement");
+    EXPECT_EQ(texts[4] + texts[5] + texts[6] + texts[7] + texts[8], u"AcceptDeclinePrintYesNo");
+    EXPECT_EQ(texts[10], u"Do you really wish to decline the license agreement?");
+    EXPECT_EQ(texts[20], u"A printer error occurred. The License Agreement will not be printed.");
 }
 
 TEST(Catalogue, asksForTheNumbersThatTheDialogueUnderstands) {
@@ -121,14 +118,12 @@ TEST(Catalogue, keepsTheFaultsOfTheCzechTexts) {
 }
 
 TEST(Catalogue, keepsItsNumbers) {
-    EXPECT_EQ(textsWith(u"^10\\z"),
-              "cs 1, cs 18, de 1, de 18, el 18, en 1, en 18, es 1, es 18, fr 1, fr 18, it 1, it 18, "
-              "lt 18, pl 1, pl 18, pt 1, pt 18, ru 18, sl 18, tr 1, tr 18, ");
     EXPECT_EQ(textsWith(u"^12\\z"), "el 1, ja 1, ko 1, lt 1, ru 1, sl 1, zh 1, zh_TW 1, ");
     EXPECT_EQ(textsWith(u"^18\\z"), "ja 18, ko 18, zh 18, zh_TW 18, ");
-    EXPECT_EQ(textsWith(u"^16\\z"),
-              "cs 19, de 19, el 19, en 19, es 19, fr 19, it 19, ja 19, ko 19, lt 19, pl 19, pt 19, "
-              "ru 19, sl 19, tr 19, zh 19, zh_TW 19, ");
+    for (const char* code : codes) {
+        const auto texts = textsOf(code);
+        EXPECT_TRUE(isFound(u"^1[02] 1[08] 16\\z", texts[1] + u" " + texts[18] + u" " + texts[19])) << code;
+    }
 }
 
 TEST(Catalogue, keepsTheMenusThatNoOneSees) {
