@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "app/debug_trace.h"
@@ -32,7 +33,8 @@ struct DialogTexts {
     std::unique_ptr<TextLines> confirmation;
 };
 
-enum class Step { showPage, prompt, restart, accept, decline };
+/// How the dialogue in one language ends.
+enum class Ending { accepted, declined, otherLanguage };
 
 /// Loads and lays out the texts of the current language. Returns 0, or the exit status of the failure.
 int prepareTexts(LicenseDialog& dialog, DialogTexts& texts) {
@@ -64,14 +66,12 @@ public:
           promptLines_(std::max(texts.endPrompt->size(), texts.continuePrompt->size())),
           pageLines_(textLinesPerPage(promptLines_)) {}
 
-    Step run() {
-        Step step = Step::showPage;
-        while (step == Step::showPage || step == Step::prompt) {
-            if (step == Step::showPage) showPage();
+    Ending run() {
+        showPage();
+        for (;;) {
             showPrompt();
-            step = takeAnswer();
+            if (const auto ending = takeAnswer()) return *ending;
         }
-        return step;
     }
 
 private:
@@ -89,25 +89,35 @@ private:
         writeLines(prompt);
     }
 
-    Step takeAnswer() {
+    /// Does what the answer asks for. None means that the dialogue goes on, with the prompt again.
+    std::optional<Ending> takeAnswer() {
         std::array<char, answerSize> answer;
         readInput(dialog_, answer);
         if (answer[0] == '\0') {
             pageStart_ = pageEnd_;
-            return Step::showPage;
+            showPage();
+            return std::nullopt;
         }
         switch (std::atoi(answer.data())) {
             case 1: return accepted();
             case 2: return confirmDecline();
-            case 3: print(); return Step::prompt;
-            case 4: return showNonVurTerms(dialog_) ? Step::showPage : Step::prompt;
-            case 5: return toggleLanguage(dialog_) ? Step::restart : Step::prompt;
-            case 99: pageStart_ -= std::min<std::size_t>(pageStart_, pageLines_); return Step::showPage;
-            default: return Step::prompt;
+            case 3: print(); break;
+            case 4:
+                if (showNonVurTerms(dialog_)) showPage();
+                break;
+            case 5:
+                if (toggleLanguage(dialog_)) return Ending::otherLanguage;
+                break;
+            case 99:
+                pageStart_ -= std::min<std::size_t>(pageStart_, pageLines_);
+                showPage();
+                break;
+            default: break;
         }
+        return std::nullopt;
     }
 
-    Step confirmDecline() {
+    std::optional<Ending> confirmDecline() {
         std::array<char, answerSize> answer;
         for (;;) {
             writeLines(*texts_.confirmation);
@@ -116,19 +126,20 @@ private:
             const std::string_view text = answer.data();
             if (text == "2") {
                 trace("License Rejected");
-                return Step::decline;
+                return Ending::declined;
             }
             if (text == "1") return accepted();
             if (text.empty()) {
                 trace("Going back to the license");
-                return Step::showPage;
+                showPage();
+                return std::nullopt;
             }
         }
     }
 
-    static Step accepted() {
+    static Ending accepted() {
         trace("License Accepted");
-        return Step::accept;
+        return Ending::accepted;
     }
 
     void print() const {
@@ -170,9 +181,9 @@ int runLicenseDialog(RunContext& context) {
         DialogTexts texts;
         if (const int failure = prepareTexts(dialog, texts); failure != 0) return failure;
         switch (Conversation(dialog, texts).run()) {
-            case Step::accept: return exit_code::accepted;
-            case Step::decline: return exit_code::declined;
-            default: break;
+            case Ending::accepted: return exit_code::accepted;
+            case Ending::declined: return exit_code::declined;
+            case Ending::otherLanguage: break;
         }
     }
 }
