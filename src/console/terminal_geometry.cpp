@@ -5,9 +5,9 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <limits>
 
 #include "app/debug_trace.h"
+#include "app/run_options.h"
 
 namespace zev {
 
@@ -41,9 +41,8 @@ void measureTerminal() {
 }
 
 uint32_t textLinesPerPage(std::size_t promptLines) {
-    return static_cast<uint32_t>(screenHeight) - static_cast<uint32_t>(promptLines) - uint32_t{reservedLines};
+    const int64_t lines = int64_t{screenHeight} - static_cast<int64_t>(promptLines) - reservedLines;
+    return lines < 0 ? unlimitedPage : static_cast<uint32_t>(lines);
 }
-
-bool isWithoutLimit(uint32_t pageLines) { return pageLines > uint32_t{std::numeric_limits<int32_t>::max()}; }
 
 }  // namespace zev

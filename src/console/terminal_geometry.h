@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace zev {
 
@@ -15,11 +16,11 @@ inline constexpr int32_t reservedLines = 3;
 /// the result to the file of `-dimout`.
 void measureTerminal();
 
-/// How many lines of text a page takes above a prompt of `promptLines` lines. Deliberately unsigned: a screen that is
-/// too low for any text wraps to a page without limit, on which the whole text is shown at once.
-[[nodiscard]] uint32_t textLinesPerPage(std::size_t promptLines);
+/// A page on which the whole text is shown at once.
+inline constexpr uint32_t unlimitedPage = std::numeric_limits<uint32_t>::max();
 
-/// Whether the number of lines comes from such a wrap.
-[[nodiscard]] bool isWithoutLimit(uint32_t pageLines);
+/// How many lines of text a page takes above a prompt of `promptLines` lines. Deliberately none on a screen with room for
+/// the prompt alone, where the text is never seen, and `unlimitedPage` on every lower one.
+[[nodiscard]] uint32_t textLinesPerPage(std::size_t promptLines);
 
 }  // namespace zev

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <limits>
 #include <span>
 
 #include "console/terminal_geometry.h"
@@ -17,14 +16,14 @@ uint32_t writeLines(const TextLines& lines, std::size_t first, uint32_t most) {
     return static_cast<uint32_t>(page.size());
 }
 
-void writeLines(const TextLines& lines) { writeLines(lines, 0, std::numeric_limits<uint32_t>::max()); }
+void writeLines(const TextLines& lines) { writeLines(lines, 0, unlimitedPage); }
 
 void writeEmptyLines(std::size_t count) {
     while (count-- > 0) std::cout << '\n';
 }
 
 void fillPage(uint32_t shown, uint32_t pageLines) {
-    if (!isWithoutLimit(pageLines)) writeEmptyLines(pageLines - shown);
+    if (pageLines != unlimitedPage) writeEmptyLines(pageLines - shown);
 }
 
 }  // namespace zev
