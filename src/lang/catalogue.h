@@ -2,6 +2,7 @@
 
 #include "lang/catalogues/catalogues.h"
 #include "lang/environment_locale.h"
+#include "lang/languages.h"
 #include "lang/resource.h"
 
 namespace zev {
@@ -36,22 +37,8 @@ public:
     icu::UnicodeString NONVURTERMS_KEY() const override { return fromCodePage(texts.NONVURTERMS_KEY); }
 };
 
-using Resource_cs = Catalogue<catalogues::cs>;
-using Resource_de = Catalogue<catalogues::de>;
-using Resource_el = Catalogue<catalogues::el>;
-using Resource_en = Catalogue<catalogues::en>;
-using Resource_es = Catalogue<catalogues::es>;
-using Resource_fr = Catalogue<catalogues::fr>;
-using Resource_it = Catalogue<catalogues::it>;
-using Resource_ja = Catalogue<catalogues::ja>;
-using Resource_ko = Catalogue<catalogues::ko>;
-using Resource_lt = Catalogue<catalogues::lt>;
-using Resource_pl = Catalogue<catalogues::pl>;
-using Resource_pt = Catalogue<catalogues::pt>;
-using Resource_ru = Catalogue<catalogues::ru>;
-using Resource_sl = Catalogue<catalogues::sl>;
-using Resource_tr = Catalogue<catalogues::tr>;
-using Resource_zh = Catalogue<catalogues::zh>;
-using Resource_zh_TW = Catalogue<catalogues::zh_TW>;
+#define RESOURCE(code, ...) using Resource_##code = Catalogue<catalogues::code>;
+ZEV_LANGUAGES(RESOURCE)
+#undef RESOURCE
 
 }  // namespace zev

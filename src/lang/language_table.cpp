@@ -2,45 +2,43 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <span>
 #include <string_view>
 
 #include "app/run_context.h"
 #include "app/run_options.h"
+#include "lang/languages.h"
 
 namespace zev {
 
 namespace {
 
-constexpr std::array<LanguageEntry, 17> languageTable4{{
-    {"cs", "Czech"},
-    {"de", "German"},
-    {"el", "Greek"},
-    {"en", "English"},
-    {"es", "Spanish"},
-    {"fr", "French"},
-    {"it", "Italian"},
-    {"ja", "Japanese"},
-    {"ko", "Korean"},
-    {"lt", "Lithuanian"},
-    {"pl", "Polish"},
-    {"pt", "Portuguese"},
-    {"ru", "Russian"},
-    {"sl", "Slovenian"},
-    {"tr", "Turkish"},
-    {"zh", "Chinese"},
-    {"zh_TW", "Chinese_TW"},
-}};
+struct Row {
+    LanguageEntry language;
+    bool inSmallerSet;
+};
 
-constexpr auto languageTable3 = [] {
-    constexpr std::array<std::string_view, 4> onlyInSet4{"el", "lt", "ru", "sl"};
-    std::array<LanguageEntry, languageTable4.size() - onlyInSet4.size()> table{};
-    std::ranges::copy_if(languageTable4, table.begin(), [&](const LanguageEntry& language) {
-        return std::ranges::find(onlyInSet4, language.code) == onlyInSet4.end();
-    });
+constexpr Row rows[]{
+#define ROW(code, englishName, inSmallerSet) {{#code, englishName}, inSmallerSet},
+    ZEV_LANGUAGES(ROW)
+#undef ROW
+};
+
+template <std::size_t size>
+constexpr std::array<LanguageEntry, size> tableOf(bool (*has)(const Row&)) {
+    std::array<LanguageEntry, size> table{};
+    auto* next = table.begin();
+    for (const Row& row : rows) {
+        if (has(row)) *next++ = row.language;
+    }
     return table;
-}();
-static_assert(languageTable3.size() == 13, "a language that is not for the smaller set belongs to onlyInSet4");
+}
+
+constexpr auto languageTable4 = tableOf<std::size(rows)>([](const Row&) { return true; });
+constexpr auto languageTable3 =
+    tableOf<std::ranges::count(rows, true, &Row::inSmallerSet)>([](const Row& row) { return row.inSmallerSet; });
+static_assert(languageTable3.size() == 13, "the smaller set is closed");
 
 std::span<const LanguageEntry> activeTable(const RunContext& context) {
     switch (context.languageSet) {

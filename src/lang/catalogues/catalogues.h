@@ -1,8 +1,9 @@
 #pragma once
 
 #include "lang/catalogue_texts.h"
+#include "lang/languages.h"
 
-/// The texts of the seventeen catalogues, each defined in the file of its language.
+/// The texts of the catalogues, each defined in the file of its language.
 namespace zev::catalogues {
 
 /// What the East Asian catalogues have in English.
@@ -24,6 +25,8 @@ inline constexpr const char* englishTwelveLanguages = escaped<
     u"11. Spanish\n"
     u"12. Swedish\n">;
 
-extern const CatalogueTexts cs, de, el, en, es, fr, it, ja, ko, lt, pl, pt, ru, sl, tr, zh, zh_TW;
+#define TEXTS(code, ...) extern const CatalogueTexts code;
+ZEV_LANGUAGES(TEXTS)
+#undef TEXTS
 
 }  // namespace zev::catalogues
