@@ -11,13 +11,13 @@
 #include <map>
 #include <string>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
 #include "console/license_dialog.h"
 #include "console/line_breaking.h"
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
 #include "lang/environment_locale.h"
+#include "lang/locale_choice.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ icu::UnicodeString textOf(const Shape& shape, int64_t bytes) {
 void breakShape(benchmark::State& state, const Shape& shape, int32_t width) {
     setenv("LC_ALL", shape.locale, 1);
     zev::adoptEnvironmentLocale();
-    zev::RunContext context(".", ".", zev::defaultLanguageSet);
+    zev::RunContext context = zev::createRunContext(".", ".", zev::defaultLanguageSet);
     const zev::LicenseDialog dialog(context);
     const icu::UnicodeString text = textOf(shape, state.range(0) * megabyte);
     for (auto _ : state) benchmark::DoNotOptimize(zev::breakText(dialog, text, width));
@@ -70,7 +70,8 @@ std::string licenseDirectory(int64_t bytes) {
 void load(benchmark::State& state) {
     setenv("LC_ALL", "en_US.UTF-8", 1);
     zev::adoptEnvironmentLocale();
-    const zev::RunContext context(licenseDirectory(state.range(0) * megabyte), ".", zev::defaultLanguageSet);
+    const zev::RunContext context =
+        zev::createRunContext(licenseDirectory(state.range(0) * megabyte), ".", zev::defaultLanguageSet);
     icu::UnicodeString text;
     for (auto _ : state) {
         if (!zev::readLicenseText(context, text)) state.SkipWithError("cannot load");

@@ -2,6 +2,8 @@
 
 #include <fstream>
 
+#include "app/run_options.h"
+
 namespace zev {
 
 namespace {
@@ -26,5 +28,7 @@ void openDebugFile(const std::string& fileName) {
 std::string debugPrefix() { return "DEBUG: "; }
 
 std::string pathSeparator() { return "/"; }
+
+bool isTracing() { return runOptions.debugEnabled; }
 
 }  // namespace zev

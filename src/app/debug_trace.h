@@ -3,8 +3,6 @@
 #include <iostream>
 #include <string>
 
-#include "app/run_options.h"
-
 namespace zev {
 
 /// Where the next trace line goes: the trace file while it is open and good, otherwise standard error.
@@ -16,6 +14,9 @@ void openDebugFile(const std::string& fileName);
 
 [[nodiscard]] std::string debugPrefix();
 [[nodiscard]] std::string pathSeparator();
+
+/// Whether `-debug` or ZEV_DEBUG has switched the trace on.
+[[nodiscard]] bool isTracing();
 
 /// Writes one line to the trace, whatever the switches say. Standard output is flushed first, so that on a terminal the
 /// line stands where it belongs.
@@ -30,7 +31,7 @@ void writeTraceLine(const Pieces&... pieces) {
 /// Writes one line to the trace when tracing is on; otherwise does nothing and formats nothing.
 template <class... Pieces>
 void trace(const Pieces&... pieces) {
-    if (runOptions.debugEnabled) writeTraceLine(pieces...);
+    if (isTracing()) writeTraceLine(pieces...);
 }
 
 }  // namespace zev

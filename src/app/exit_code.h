@@ -4,7 +4,6 @@
 namespace zev::exit_code {
 
 inline constexpr int declined = 3;                ///< the user declined the agreement and confirmed it
-inline constexpr int acceptedWithoutDialog = 5;   ///< `-t 5`; turned into `accepted` or `notRecorded`
 inline constexpr int accepted = 9;                ///< the agreement is accepted, now or earlier, and recorded
 inline constexpr int noLicense = 11;              ///< a licence file is missing, or the text cannot be read
 inline constexpr int notRecorded = 15;            ///< the acceptance could not be recorded

@@ -9,12 +9,8 @@ namespace zev {
 
 class Resource;
 
-/// What one run works on.
+/// What one run works on. `createRunContext` of lang/locale_choice.h makes one.
 struct RunContext {
-    /// Chooses the initial language from the environment's locale; afterwards `resource` is never null.
-    RunContext(std::string licensePath, std::string statusPath, int set);
-    ~RunContext();
-
     std::string licenseDir;
     std::string statusDir;
     std::string licenseCopyDir;
@@ -22,7 +18,7 @@ struct RunContext {
     std::string masterPath;
     icu::Locale locale;                  ///< changes together with `resource`
     std::unique_ptr<Resource> resource;  ///< the catalogue of the display language
-    int languageSet;
+    int languageSet = 0;
 };
 
 }  // namespace zev

@@ -12,6 +12,7 @@
 #include "app/debug_trace.h"
 #include "app/exit_code.h"
 #include "app/run_context.h"
+#include "app/run_options.h"
 #include "console/dialog_run.h"
 #include "files/license_copies.h"
 #include "files/license_text_set.h"
@@ -66,28 +67,24 @@ void adoptPreferredLanguage(RunContext& context) {
     static_cast<void>(setLocale(context, icu::Locale(runOptions.preferredLanguage.c_str())));
 }
 
-int chooseOutcome(RunContext& context) {
-    if (runOptions.acceptWithoutDialog) return exit_code::acceptedWithoutDialog;
-    if (checkAccepted(context)) return exit_code::accepted;
-    if (!checkAllLicenseFiles(context)) return exit_code::noLicense;
-    return runLicenseDialog(context);
-}
-
-int recordAcceptance(const RunContext& context, int outcome) {
-    if (outcome != exit_code::accepted && outcome != exit_code::acceptedWithoutDialog) return outcome;
+int recordAcceptance(const RunContext& context) {
     return writeStatusFiles(context) ? exit_code::accepted : exit_code::notRecorded;
 }
 
 /// The run of a valid command line.
 int runWithOptions() {
-    RunContext context(runOptions.licensePath, runOptions.statusPath, runOptions.languageSet);
+    RunContext context = createRunContext(runOptions.licensePath, runOptions.statusPath, runOptions.languageSet);
     if (runOptions.hasMasterPath) {
         context.hasMasterPath = 1;
         context.masterPath = runOptions.masterPath;
     }
     adoptPreferredLanguage(context);
     if (int exitCode = 0; !prepareStatusDirectory(context, exitCode)) return exitCode;
-    return recordAcceptance(context, chooseOutcome(context));
+
+    if (runOptions.acceptWithoutDialog || checkAccepted(context)) return recordAcceptance(context);
+    if (!checkAllLicenseFiles(context)) return exit_code::noLicense;
+    const int answer = runLicenseDialog(context);
+    return answer == exit_code::accepted ? recordAcceptance(context) : answer;
 }
 
 void reportExit(int exitCode) {

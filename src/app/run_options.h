@@ -14,7 +14,7 @@ struct RunOptions {
     bool breakTextTrace = false;
     std::string commandLogPath;
     std::string dimensionsOutPath;
-    std::string version = "v1.1-0";
+    std::string version = ZEV_VERSION;
     std::string licensePath;
     std::string statusPath;
     std::string masterPath;

@@ -8,6 +8,7 @@
 
 #include "app/debug_trace.h"
 #include "app/run_context.h"
+#include "app/run_options.h"
 #include "console/license_dialog.h"
 #include "lang/environment_locale.h"
 

@@ -58,7 +58,7 @@ bool writeDocument(const LicenseDialog& dialog, icu::UnicodeString& text, const 
 
 /// Runs a print command on the document. When tracing, its own messages reach the terminal.
 bool runPrintCommand(const std::string& command, const std::string& path) {
-    const char* redirection = runOptions.debugEnabled ? "" : " >/dev/null 2>&1";
+    const char* redirection = isTracing() ? "" : " >/dev/null 2>&1";
     std::cout.flush();
     const int status = std::system((command + " " + path + redirection).c_str());
     if (status == 0) return true;

@@ -1,12 +1,8 @@
 #include "files/encoded_text_file.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <fstream>
 #include <span>
 
 #include "app/debug_trace.h"
@@ -35,24 +31,18 @@ bool dependsOnCalls(const UConverter* converter) {
     return type == UCNV_SCSU || type == UCNV_ISCII || (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST);
 }
 
-const char* orDefault(const char* codePageName) { return codePageName != nullptr ? codePageName : codePage(); }
+const char* orDefault(const char* name) { return name != nullptr ? name : codePageName(); }
 
 }  // namespace
 
-EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePageName) {
-    return EncodedFile(u_fopen(path.c_str(), mode, nullptr, orDefault(codePageName)));
+EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePage) {
+    return EncodedFile(u_fopen(path.c_str(), mode, nullptr, orDefault(codePage)));
 }
 
-EncodedFile attachEncoded(std::FILE* file) { return EncodedFile(u_finit(file, nullptr, codePage())); }
+EncodedFile attachEncoded(std::FILE* file) { return EncodedFile(u_finit(file, nullptr, codePageName())); }
 
-std::string joinPath(const std::string& directory, const std::string& name) {
-    return directory + pathSeparator() + name;
-}
-
-bool fileExists(const std::string& path) { return std::ifstream(path).is_open(); }
-
-bool countFileChars(const std::string& path, const std::string& codePageName, std::size_t& count) {
-    const EncodedFile file = openEncoded(path, "r", codePageName.c_str());
+bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count) {
+    const EncodedFile file = openEncoded(path, "r", codePage.c_str());
     if (!file) {
         trace("Unable to open file ", path);
         return false;
@@ -112,25 +102,6 @@ bool copyFileConverted(const char* inputPath, const char* inputCodePage, const c
     trace("output file ", outputPath, " is in codepage ", u_fgetcodepage(output.get()));
     copyUnits(input.get(), output.get());
     return true;
-}
-
-bool makeDirectory(const std::string& path) {
-    constexpr mode_t mode = 0750;
-    // Deliberately traced in decimal, 488.
-    trace("Calling mkdir(", path, ", ", mode, ");");
-    const int result = mkdir(path.c_str(), mode);
-    const int error = errno;
-    if (result == 0 || error == EEXIST) return true;
-    trace("Function mkdir returned ", result);
-    trace("errno = ", error);
-    return false;
-}
-
-bool makeDirectoryPath(const std::string& path) {
-    for (auto slash = path.find('/', 1); slash != std::string::npos; slash = path.find('/', slash + 1)) {
-        if (!makeDirectory(path.substr(0, slash))) return false;
-    }
-    return makeDirectory(path);
 }
 
 }  // namespace zev

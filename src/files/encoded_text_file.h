@@ -27,12 +27,6 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 /// hands `file` what the code page still holds back.
 [[nodiscard]] EncodedFile attachEncoded(std::FILE* file);
 
-/// `directory` + "/" + `name`, without any normalisation.
-[[nodiscard]] std::string joinPath(const std::string& directory, const std::string& name);
-
-/// Whether an input stream can open the file.
-[[nodiscard]] bool fileExists(const std::string& path);
-
 /// Counts the UTF-16 code units of a text. A U+FFFF ends a text like the end of its file, here and in all that follows.
 /// False, and `count` left alone, when the file cannot be opened.
 [[nodiscard]] bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count);
@@ -50,11 +44,5 @@ void copyUnits(UFILE* input, UFILE* output);
 /// error on the way is deliberately not noticed. When only the input cannot be opened, an empty output stays behind.
 [[nodiscard]] bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
                                      const char* outputCodePage);
-
-/// Creates a directory with mode 0750. True when it exists afterwards, or something else of its name does.
-[[nodiscard]] bool makeDirectory(const std::string& path);
-
-/// Creates a directory and all above it, from the left, up to the first that cannot be created.
-[[nodiscard]] bool makeDirectoryPath(const std::string& path);
 
 }  // namespace zev

@@ -9,6 +9,7 @@
 #include "app/run_context.h"
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
+#include "files/paths.h"
 #include "files/status_file.h"
 #include "lang/language_table.h"
 

@@ -10,6 +10,7 @@
 #include "app/debug_trace.h"
 #include "app/run_context.h"
 #include "files/encoded_text_file.h"
+#include "files/paths.h"
 #include "lang/language_table.h"
 #include "lang/resource.h"
 
@@ -67,7 +68,7 @@ bool load(const RunContext& context, std::span<Source> sources, const char* size
 
 bool checkFile(const std::string& path) {
     if (fileExists(path)) return true;
-    if (runOptions.debugEnabled) std::cout << "Error: Missing license file " << path << std::endl;
+    if (isTracing()) std::cout << "Error: Missing license file " << path << std::endl;
     return false;
 }
 

@@ -9,7 +9,7 @@
 #include "app/debug_trace.h"
 #include "app/exit_code.h"
 #include "app/run_context.h"
-#include "files/encoded_text_file.h"
+#include "files/paths.h"
 
 namespace zev {
 

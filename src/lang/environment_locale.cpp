@@ -86,9 +86,9 @@ void adoptEnvironmentLocale() {
     icu::Locale::setDefault(localeOf(value), status);
 }
 
-const char* codePage() { return processCodePage.name.c_str(); }
+const char* codePageName() { return processCodePage.name.c_str(); }
 
-icu::UnicodeString fromCodePage(const char* bytes) { return {bytes, codePage()}; }
+icu::UnicodeString fromCodePage(const char* bytes) { return {bytes, codePageName()}; }
 
 std::ostream& operator<<(std::ostream& out, InCodePage piece) {
     UConverter* const converter = processCodePage.converter.getAlias();

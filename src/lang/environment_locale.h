@@ -14,7 +14,7 @@ void adoptEnvironmentLocale();
 
 /// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names
 /// none or one that ICU does not know.
-[[nodiscard]] const char* codePage();
+[[nodiscard]] const char* codePageName();
 
 /// The text that NUL-terminated bytes in the process's code page stand for.
 [[nodiscard]] icu::UnicodeString fromCodePage(const char* bytes);

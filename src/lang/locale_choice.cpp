@@ -1,10 +1,11 @@
 #include "lang/locale_choice.h"
 
 #include <memory>
+#include <utility>
 
 #include "app/debug_trace.h"
-#include "app/run_context.h"
 #include "files/license_text_set.h"
+#include "files/paths.h"
 #include "lang/language_table.h"
 #include "lang/resource_factory.h"
 
@@ -18,7 +19,20 @@ std::unique_ptr<Resource> catalogueFor(const RunContext& context, const char* la
     return code != nullptr ? createResource(code, false) : nullptr;
 }
 
-}  // namespace
+/// Writes the locale's description to the trace.
+void dumpLocale(const icu::Locale& locale) {
+    if (!isTracing()) return;
+    trace("Locale information:");
+    trace("  isBogus        : ", locale.isBogus() ? "yes" : "no");
+    if (locale.isBogus()) return;
+    trace("  language       : ", locale.getLanguage());
+    trace("  country        : ", locale.getCountry());
+    trace("  variant        : ", locale.getVariant());
+    trace("  name           : ", locale.getName());
+    trace("  base name      : ", locale.getBaseName());
+    trace("  ISO 3 language : ", locale.getISO3Language());
+    trace("  ISO 3 country  : ", locale.getISO3Country());
+}
 
 void chooseInitialLanguage(RunContext& context) {
     context.locale = icu::Locale();
@@ -30,6 +44,18 @@ void chooseInitialLanguage(RunContext& context) {
     }
     trace("Using resource for language ", context.resource->getLanguageCode());
     dumpLocale(context.locale);
+}
+
+}  // namespace
+
+RunContext createRunContext(std::string licensePath, std::string statusPath, int languageSet) {
+    RunContext context;
+    context.licenseDir = std::move(licensePath);
+    context.statusDir = std::move(statusPath);
+    context.licenseCopyDir = joinPath(context.statusDir, "license");
+    context.languageSet = languageSet;
+    chooseInitialLanguage(context);
+    return context;
 }
 
 bool setLocale(RunContext& context, const icu::Locale& newLocale) {
@@ -48,20 +74,6 @@ bool setLocale(RunContext& context, const icu::Locale& newLocale) {
     trace("Using locale/resource for language ", language);
     dumpLocale(context.locale);
     return true;
-}
-
-void dumpLocale(const icu::Locale& locale) {
-    if (!runOptions.debugEnabled) return;
-    trace("Locale information:");
-    trace("  isBogus        : ", locale.isBogus() ? "yes" : "no");
-    if (locale.isBogus()) return;
-    trace("  language       : ", locale.getLanguage());
-    trace("  country        : ", locale.getCountry());
-    trace("  variant        : ", locale.getVariant());
-    trace("  name           : ", locale.getName());
-    trace("  base name      : ", locale.getBaseName());
-    trace("  ISO 3 language : ", locale.getISO3Language());
-    trace("  ISO 3 country  : ", locale.getISO3Country());
 }
 
 }  // namespace zev

@@ -5,11 +5,10 @@
 
 #include <random>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
 #include "console/license_dialog.h"
 #include "lang/environment_locale.h"
-#include "lang/resource.h"
+#include "lang/locale_choice.h"
 
 namespace zev::test {
 namespace {
@@ -22,7 +21,7 @@ std::string adopt(const std::string& language) {
 
 /// A dialogue in one language.
 struct Speaker {
-    explicit Speaker(const std::string& language) : context(adopt(language), ".", 4), dialog(context) {}
+    explicit Speaker(const std::string& language) : context(createRunContext(adopt(language), ".", 4)), dialog(context) {}
 
     /// The lines of a text as they are shown, each with its line feed.
     [[nodiscard]] std::string lines(const icu::UnicodeString& text, int32_t width) const {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
-#include "lang/resource.h"
+#include "files/paths.h"
+#include "lang/locale_choice.h"
 #include "support/sandbox.h"
 
 namespace zev::test {
@@ -27,7 +27,7 @@ TEST(EncodedTextFile, countsAndReadsCodeUnitsUpToTheEndMark) {
         {utf16(block + block + u"z\xFFFFy"), block + block + u"z"},
     };
     const Sandbox sandbox;
-    const RunContext context("", "", defaultLanguageSet);
+    const RunContext context = createRunContext("", "", defaultLanguageSet);
     std::size_t count = 99;
     EXPECT_FALSE(countFileChars(sandbox.path("text"), "UTF-16", count));
     for (const auto& [bytes, expected] : rows) {

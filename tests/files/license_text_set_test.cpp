@@ -2,9 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
-#include "lang/resource.h"
+#include "lang/locale_choice.h"
 #include "support/sandbox.h"
 
 namespace zev::test {
@@ -12,7 +11,7 @@ namespace zev::test {
 TEST(LicenseTextSet, joinsAgreementAndInformationAndCanDoWithoutTheLatter) {
     const Sandbox sandbox;
     setenv("LC_ALL", "C", 1);
-    const RunContext context(sandbox.path("licenses/"), "", defaultLanguageSet);
+    const RunContext context = createRunContext(sandbox.path("licenses/"), "", defaultLanguageSet);
     runOptions.debugEnabled = true;
     testing::internal::CaptureStderr();
     icu::UnicodeString text;

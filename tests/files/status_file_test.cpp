@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
-#include "lang/resource.h"
+#include "lang/locale_choice.h"
 #include "support/sandbox.h"
 
 namespace zev::test {
@@ -28,7 +27,7 @@ TEST(StatusFile, isJudgedByItsFirstLineThatSaysSomething) {
         {"", false},
     };
     const Sandbox sandbox;
-    const RunContext context("", "", defaultLanguageSet);
+    const RunContext context = createRunContext("", "", defaultLanguageSet);
     EXPECT_FALSE(checkStatusFile(context, sandbox.path("status.dat")));
     EXPECT_FALSE(checkStatusFile(context, sandbox.path()));
     for (const auto& [bytes, valid] : rows) {
@@ -40,7 +39,7 @@ TEST(StatusFile, isJudgedByItsFirstLineThatSaysSomething) {
 TEST(StatusFile, isTwoLinesWithTheLocalTime) {
     setenv("TZ", "ABC-5", 1);
     const Sandbox sandbox;
-    const RunContext context("", "", defaultLanguageSet);
+    const RunContext context = createRunContext("", "", defaultLanguageSet);
     EXPECT_TRUE(writeStatusFile(context, sandbox.path("status.dat")));
     const std::string bytes = sandbox.read("status.dat");
     EXPECT_EQ(bytes.size(), 39U);

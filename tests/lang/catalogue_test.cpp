@@ -6,10 +6,10 @@
 #include <tuple>
 #include <vector>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
 #include "lang/environment_locale.h"
 #include "lang/language_table.h"
+#include "lang/locale_choice.h"
 #include "lang/resource_factory.h"
 
 namespace zev::test {
@@ -156,7 +156,7 @@ TEST(LanguageTable, matchesTheFirstCodeThatBeginsTheLanguage) {
                                                            {3, "pt_BR", "pt"}, {4, "", nullptr},   {4, "e", nullptr},
                                                            {4, "EN", nullptr}, {4, "nl", nullptr}, {5, "en", nullptr}};
     for (const auto& [set, language, code] : rows) {
-        EXPECT_STREQ(matchLanguage(RunContext("", "", set), language), code) << language << " in set " << set;
+        EXPECT_STREQ(matchLanguage(createRunContext("", "", set), language), code) << language << " in set " << set;
     }
 }
 

@@ -39,7 +39,7 @@ TEST(EnvironmentLocale, takesTheFirstVariableThatIsSetAndNotEmpty) {
         SCOPED_TRACE(testing::Message() << all << "|" << type << "|" << lang);
         adopt(all, type, lang);
         EXPECT_STREQ(icu::Locale().getName(), locale);
-        EXPECT_STREQ(codePage(), set);
+        EXPECT_STREQ(codePageName(), set);
     }
 }
 

@@ -1,0 +1,37 @@
+#include "files/paths.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <fstream>
+
+#include "app/debug_trace.h"
+
+namespace zev {
+
+std::string joinPath(const std::string& directory, const std::string& name) {
+    return directory + pathSeparator() + name;
+}
+
+bool fileExists(const std::string& path) { return std::ifstream(path).is_open(); }
+
+bool makeDirectory(const std::string& path) {
+    constexpr mode_t mode = 0750;
+    // Deliberately traced in decimal, 488.
+    trace("Calling mkdir(", path, ", ", mode, ");");
+    const int result = mkdir(path.c_str(), mode);
+    const int error = errno;
+    if (result == 0 || error == EEXIST) return true;
+    trace("Function mkdir returned ", result);
+    trace("errno = ", error);
+    return false;
+}
+
+bool makeDirectoryPath(const std::string& path) {
+    for (auto slash = path.find('/', 1); slash != std::string::npos; slash = path.find('/', slash + 1)) {
+        if (!makeDirectory(path.substr(0, slash))) return false;
+    }
+    return makeDirectory(path);
+}
+
+}  // namespace zev

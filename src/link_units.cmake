@@ -1,0 +1,22 @@
+# The house from the ground up: each link unit, what it stands on, and the units of code in it (a header and its source
+# together; every catalogue is one). It links, and its files include, nothing but itself and what lies below.
+# Read twice: src/CMakeLists.txt makes the libraries of it, and cmake/check_includes.cmake holds every include against it.
+
+link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options)
+
+link_unit(languages base
+  lang/catalogue lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource
+  lang/resource_factory lang/catalogues/*)
+
+link_unit(files languages
+  files/encoded_text_file files/license_copies files/license_text_set files/paths files/status_file)
+
+link_unit(locale_choice files lang/locale_choice)
+
+link_unit(console locale_choice
+  console/console_input console/dialog_run console/license_dialog console/line_breaking console/non_vur_pager
+  console/printing console/terminal_geometry console/text_output)
+
+link_unit(driver console app/command_line app/run_driver)
+
+executable(zev driver app/legal_notice app/main)
