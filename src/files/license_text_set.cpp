@@ -1,6 +1,7 @@
 #include "files/license_text_set.h"
 
 #include <iostream>
+#include <limits>
 #include <memory>
 #include <new>
 #include <span>
@@ -41,6 +42,10 @@ bool load(const RunContext& context, std::span<Source> sources, const char* size
         total += source.count;
     }
     trace(sizeMessage, total);
+    if (total > std::numeric_limits<int32_t>::max()) {
+        trace("License text is too long");
+        return false;
+    }
 
     const std::unique_ptr<char16_t[]> licenseBuffer(new (std::nothrow) char16_t[total + 1]);
     if (!licenseBuffer) {
