@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <span>
@@ -31,6 +32,9 @@ void holdStandardDescriptors() {
         if (fcntl(descriptor, F_GETFD) == -1) static_cast<void>(open("/", O_RDONLY | O_DIRECTORY));
     }
 }
+
+/// A caller that ignores the end of its children hands that on; the answer of a print command would be lost.
+void heedChildren() { std::signal(SIGCHLD, SIG_DFL); }
 
 /// A page reaches the terminal in one piece; whoever reads or traces flushes first.
 void bufferOutput() {
@@ -97,6 +101,7 @@ void reportExit(int exitCode) {
 
 int runDriver(int argc, char** argv) {
     holdStandardDescriptors();
+    heedChildren();
     bufferOutput();
     adoptEnvironmentLocale();
     traceFromEnvironment();

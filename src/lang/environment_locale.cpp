@@ -1,7 +1,9 @@
 #include "lang/environment_locale.h"
 
 #include <unicode/locid.h>
+#include <unicode/putil.h>
 #include <unicode/ucnv.h>
+#include <unicode/udata.h>
 #include <unicode/uloc.h>
 
 #include <array>
@@ -80,9 +82,14 @@ CodePage codePageOf(const LocaleValue& value) {
 }  // namespace
 
 void adoptEnvironmentLocale() {
+    // Whatever ICU_DATA says, the data are those that the program is linked with.
+    UErrorCode status = U_ZERO_ERROR;
+    u_setDataDirectory("");
+    udata_setFileAccess(UDATA_NO_FILES, &status);
+
     const LocaleValue value = firstSet({"LC_ALL", "LC_CTYPE", "LANG"});
     processCodePage = codePageOf(value);
-    UErrorCode status = U_ZERO_ERROR;
+    status = U_ZERO_ERROR;
     icu::Locale::setDefault(localeOf(value), status);
 }
 
