@@ -9,7 +9,8 @@ link_unit(languages base
   lang/resource_factory lang/catalogues/*)
 
 link_unit(files languages
-  files/encoded_text_file files/license_copies files/license_text_set files/paths files/status_file)
+  files/encoded_text_file files/license_copies files/license_text_set files/output_file files/paths
+  files/status_file)
 
 link_unit(locale_choice files lang/locale_choice)
 

@@ -14,6 +14,7 @@
 #include "console/line_breaking.h"
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
+#include "files/output_file.h"
 #include "lang/resource.h"
 
 namespace zev {
@@ -39,7 +40,8 @@ bool readDocument(const RunContext& context, icu::UnicodeString& text) {
 
 /// When this fails to lay out the text, the file stays behind, empty.
 bool writeDocument(const LicenseDialog& dialog, icu::UnicodeString& text, const std::string& path) {
-    const EncodedFile file = openEncoded(path, "w", nullptr);
+    const File document = createPrivateFile(path);
+    const EncodedFile file = document ? attachEncoded(document.get()) : nullptr;
     if (!file) {
         trace("Unable to create file ", path);
         return false;

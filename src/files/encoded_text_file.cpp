@@ -6,23 +6,26 @@
 #include <span>
 
 #include "app/debug_trace.h"
+#include "files/output_file.h"
 #include "lang/environment_locale.h"
 
 namespace zev {
 
 namespace {
 
-/// Hands the units of `file` up to the end of its text to `consume`, block by block, until `consume` returns false.
+/// Hands the units of `file` up to the end of its text to `consume`, block by block, until `consume` returns false. False
+/// when the file could not be read to its end: ICU takes an error for the end, so the file below is asked.
 template <class Consume>
-void forEachBlock(UFILE* file, Consume consume) {
+[[nodiscard]] bool forEachBlock(UFILE* file, Consume consume) {
     std::array<char16_t, 4096> block;
     for (;;) {
         const auto size = u_file_read(block.data(), static_cast<int32_t>(block.size()), file);
         const auto units = std::span<const char16_t>(block).first(static_cast<std::size_t>(size));
         const auto textSize = std::ranges::find(units, char16_t{U_EOF}) - units.begin();
         const bool goOn = consume(units.first(static_cast<std::size_t>(textSize)));
-        if (!goOn || textSize < static_cast<std::ptrdiff_t>(block.size())) return;
+        if (!goOn || textSize < static_cast<std::ptrdiff_t>(block.size())) break;
     }
+    return std::ferror(u_fgetfile(file)) == 0;
 }
 
 /// Whether the bytes of a text depend on how it is handed over: these converters look around within one call.
@@ -35,49 +38,51 @@ const char* orDefault(const char* name) { return name != nullptr ? name : codePa
 
 }  // namespace
 
-EncodedFile openEncoded(const std::string& path, const char* mode, const char* codePage) {
-    return EncodedFile(u_fopen(path.c_str(), mode, nullptr, orDefault(codePage)));
+EncodedFile openEncoded(const std::string& path, const char* codePage) {
+    return EncodedFile(u_fopen(path.c_str(), "r", nullptr, codePage));
 }
 
-EncodedFile attachEncoded(std::FILE* file) { return EncodedFile(u_finit(file, nullptr, codePageName())); }
+EncodedFile attachEncoded(std::FILE* file, const char* codePage) {
+    return EncodedFile(u_finit(file, nullptr, orDefault(codePage)));
+}
 
 bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count) {
-    const EncodedFile file = openEncoded(path, "r", codePage.c_str());
+    const EncodedFile file = openEncoded(path, codePage.c_str());
     if (!file) {
         trace("Unable to open file ", path);
         return false;
     }
     std::size_t units = 0;
-    forEachBlock(file.get(), [&](std::span<const char16_t> block) {
+    static_cast<void>(forEachBlock(file.get(), [&](std::span<const char16_t> block) {
         units += block.size();
         return true;
-    });
+    }));
     trace("Number of characters in ", path, " is ", units);
     count = units;
     return true;
 }
 
 std::size_t readLicenseFile(const RunContext&, const std::string& path, std::span<char16_t> buffer) {
-    const EncodedFile file = openEncoded(path, "r", licenseCodePage);
+    const EncodedFile file = openEncoded(path, licenseCodePage);
     if (!file) {
         trace("Unable to open license file ", path);
         return 0;
     }
     std::size_t stored = 0;
     bool fits = true;
-    forEachBlock(file.get(), [&](std::span<const char16_t> block) {
+    const bool complete = forEachBlock(file.get(), [&](std::span<const char16_t> block) {
         fits = block.size() <= buffer.size() - stored;
         if (!fits) return false;
         std::ranges::copy(block, buffer.begin() + static_cast<std::ptrdiff_t>(stored));
         stored += block.size();
         return true;
     });
-    return fits ? stored : buffer.size() + 1;
+    return complete && fits ? stored : buffer.size() + 1;
 }
 
-void copyUnits(UFILE* input, UFILE* output) {
+bool copyUnits(UFILE* input, UFILE* output) {
     const bool unitByUnit = dependsOnCalls(u_fgetConverter(output));
-    forEachBlock(input, [&](std::span<const char16_t> block) {
+    return forEachBlock(input, [&](std::span<const char16_t> block) {
         const std::size_t step = unitByUnit ? 1 : block.size();
         for (; !block.empty(); block = block.subspan(step)) {
             u_file_write(block.data(), static_cast<int32_t>(step), output);
@@ -88,20 +93,22 @@ void copyUnits(UFILE* input, UFILE* output) {
 
 bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
                        const char* outputCodePage) {
-    const EncodedFile output = openEncoded(outputPath, "w", outputCodePage);
+    const ReplacedFile file(outputPath);
+    const EncodedFile output = file.stream() != nullptr ? attachEncoded(file.stream(), outputCodePage) : nullptr;
     if (!output) {
         trace("Unable to open output file ", outputPath, " in codepage ", orDefault(outputCodePage));
         return false;
     }
-    const EncodedFile input = openEncoded(inputPath, "r", inputCodePage);
+    const EncodedFile input = openEncoded(inputPath, orDefault(inputCodePage));
     if (!input) {
         trace("Unable to open input file ", inputPath, " in codepage ", orDefault(inputCodePage));
         return false;
     }
     trace("input file ", inputPath, " is in codepage ", u_fgetcodepage(input.get()));
     trace("output file ", outputPath, " is in codepage ", u_fgetcodepage(output.get()));
-    copyUnits(input.get(), output.get());
-    return true;
+    if (copyUnits(input.get(), output.get())) return true;
+    trace("Error reading ", inputPath);
+    return false;
 }
 
 }  // namespace zev

@@ -1,14 +1,13 @@
 #include "files/license_copies.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <memory>
 #include <string>
 
 #include "app/debug_trace.h"
 #include "app/run_context.h"
 #include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
+#include "files/output_file.h"
 #include "files/paths.h"
 #include "files/status_file.h"
 #include "lang/language_table.h"
@@ -25,11 +24,11 @@ public:
     LanguageCopy(const RunContext& context, const LanguageEntry& language)
         : agreementPath_(agreementPath(context, language.code)),
           informationPath_(informationPath(context, language.code)),
-          outputPath_(joinPath(context.licenseCopyDir, std::string(language.englishName) + copySuffix)) {}
+          outputPath_(joinPath(context.licenseCopyDir, std::string(language.englishName) + copySuffix)),
+          file_(outputPath_) {}
 
     [[nodiscard]] bool write() {
-        file_.reset(std::fopen(outputPath_.c_str(), "w"));
-        if (file_) output_ = attachEncoded(file_.get());
+        if (file_.stream() != nullptr) output_ = attachEncoded(file_.stream());
         if (!output_) {
             trace("Unable to create file ", outputPath_);
             return false;
@@ -41,23 +40,25 @@ public:
 
 private:
     [[nodiscard]] bool append(const char* kind, const std::string& path) {
-        const EncodedFile input = openEncoded(path, "r", licenseCodePage);
+        const EncodedFile input = openEncoded(path, licenseCodePage);
         if (!input) {
             trace("Unable to open ", kind, " file ", path);
             return false;
         }
-        // The information file is deliberately announced under the path of the agreement: readers of traces know it so.
+        // The information file is deliberately announced under the path of the agreement, as installers look for it.
         trace("Reading ", kind, " file ", agreementPath_, " in codepage ", u_fgetcodepage(input.get()));
         lastSource_ = path;
-        copyUnits(input.get(), output_.get());
-        return checkWritten(std::fflush(file_.get()) == 0 && std::ferror(file_.get()) == 0);
+        if (!copyUnits(input.get(), output_.get())) {
+            trace("Error reading ", kind, " file");
+            return false;
+        }
+        return checkWritten(file_.flush());
     }
 
     /// Writes what the code page still holds back, once, and closes the file.
     [[nodiscard]] bool finish() {
         output_.reset();
-        const bool good = std::ferror(file_.get()) == 0;
-        return checkWritten(std::fclose(file_.release()) == 0 && good);
+        return checkWritten(file_.close());
     }
 
     [[nodiscard]] bool checkWritten(bool written) const {
@@ -69,7 +70,7 @@ private:
     std::string informationPath_;
     std::string outputPath_;
     std::string lastSource_;
-    std::unique_ptr<std::FILE, decltype([](std::FILE* file) { std::fclose(file); })> file_;
+    ReplacedFile file_;
     EncodedFile output_;  ///< writes to file_, whose errors ICU does not report, and does not own it
 };
 

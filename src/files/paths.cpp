@@ -1,9 +1,10 @@
 #include "files/paths.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
-#include <fstream>
 
 #include "app/debug_trace.h"
 
@@ -13,7 +14,24 @@ std::string joinPath(const std::string& directory, const std::string& name) {
     return directory + pathSeparator() + name;
 }
 
-bool fileExists(const std::string& path) { return std::ifstream(path).is_open(); }
+Presence presenceOf(const std::string& path) {
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor != -1) {
+        close(descriptor);
+        return Presence::readable;
+    }
+    switch (errno) {
+        case ENOENT:
+        case ENOTDIR:
+        case ENAMETOOLONG:
+        case ELOOP:
+        case EACCES:
+        case EPERM: return Presence::absent;
+        default: return Presence::unknown;
+    }
+}
+
+bool fileExists(const std::string& path) { return presenceOf(path) != Presence::absent; }
 
 bool makeDirectory(const std::string& path) {
     constexpr mode_t mode = 0750;

@@ -7,7 +7,16 @@ namespace zev {
 /// `directory` + "/" + `name`, without any normalisation.
 [[nodiscard]] std::string joinPath(const std::string& directory, const std::string& name);
 
-/// Whether an input stream can open the file.
+enum class Presence {
+    readable,
+    absent,  ///< not there, or not to be read by this user
+    unknown  ///< it could not be opened for another reason, such as want of descriptors
+};
+
+/// Tries to open the file for reading.
+[[nodiscard]] Presence presenceOf(const std::string& path);
+
+/// Whether the file is not absent. Where that is unknown, opening it will show.
 [[nodiscard]] bool fileExists(const std::string& path);
 
 /// Creates a directory with mode 0750. True when it exists afterwards, or something else of its name does.

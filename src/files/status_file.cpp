@@ -9,6 +9,7 @@
 #include "app/debug_trace.h"
 #include "app/exit_code.h"
 #include "app/run_context.h"
+#include "files/output_file.h"
 #include "files/paths.h"
 
 namespace zev {
@@ -35,14 +36,16 @@ std::string localStatusPath(const RunContext& context) { return joinPath(context
 std::string masterStatusPath(const RunContext& context) { return joinPath(context.masterPath, statusFileName); }
 
 bool writeStatusFile(const RunContext&, const std::string& path) {
-    std::ofstream file(path);
-    if (!file.is_open()) {
+    const std::string content = commentMark + currentDate() + '\n' + statusLine() + '\n';
+    ReplacedFile file(path);
+    if (file.stream() == nullptr) {
         trace("Unable to open output file ", path);
         return false;
     }
-    file << commentMark << currentDate() << '\n' << statusLine() << '\n';
-    file.close();
-    return !file.fail();
+    // Without a buffer the content goes out in one write, which no reader sees in part and which is not repeated.
+    std::setvbuf(file.stream(), nullptr, _IONBF, 0);
+    std::fputs(content.c_str(), file.stream());
+    return file.close();
 }
 
 bool checkStatusFile(const RunContext&, const std::string& path) {
@@ -73,13 +76,12 @@ bool prepareStatusDirectory(const RunContext& context, int& exitCode) {
     }
     // Deliberately not where the status file will lie, but one level above it.
     const std::string probePath = joinPath(context.statusDir, statusFileName);
-    if (fileExists(probePath)) return true;
-    std::ofstream probe(probePath);
-    if (!probe.is_open()) {
+    const Presence presence = presenceOf(probePath);
+    if (presence == Presence::readable) return true;
+    if (presence == Presence::unknown || !std::ofstream(probePath).is_open()) {
         exitCode = exit_code::statusDirectoryClosed;
         return false;
     }
-    probe.close();
     std::remove(probePath.c_str());
     return true;
 }
