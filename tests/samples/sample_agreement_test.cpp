@@ -26,14 +26,22 @@ std::vector<std::string> findAll(const icu::UnicodeString& pattern, const std::s
     return found;
 }
 
+/// How a line begins: with the number of a clause, an item, which each alphabet letters in its own way, or a row.
+std::string beginningOf(const std::string& line, const std::string& text) {
+    const icu::UnicodeString letters = text == "LA_el" ? u"αβγ" : text == "LA_ru" ? u"абв" : u"abc";
+    const auto found = findAll(u"^(\\d\\.|\\(\\p{L}\\)| +)", line);
+    if (found.empty()) return "";
+    const auto item = letters.indexOf(icu::UnicodeString::fromUTF8(found.front()).charAt(1));
+    return item < 0 ? found.front() : "item " + std::to_string(item + 1);
+}
+
 TEST(SampleAgreement, hasTheSameClausesAndFactsInEveryLanguage) {
-    const icu::UnicodeString beginning = u"^(\\d\\.|\\([a-c]\\)| +)";  // a clause, an item, a row
     const icu::UnicodeString facts =
         u"https\\S*html|\\w+@\\w+.\\w+|\\w\\S*/\\*\\.\\w+|\\d[\\d.]*\\d|Harbour Ledger( license)?|VUR|TEST|"
         u"Tidegauge Parser|Northquay Cooperative|Lanternsort|Brisk Otter Works|Pebble Figures|Ilse Marrow";
     int languages = 0;
     for (const auto& entry : std::filesystem::directory_iterator(ZEV_SAMPLE_TEXTS)) {
-        const std::string kind = entry.path().stem().string().substr(0, 3);
+        const std::string text = entry.path().stem().string(), kind = text.substr(0, 3);
         if (kind != "LA_" && kind != "LI_") continue;
         ++languages;
         const auto lines = linesOf(entry), english = linesOf(ZEV_SAMPLE_TEXTS "/" + kind + "en.txt");
@@ -41,7 +49,7 @@ TEST(SampleAgreement, hasTheSameClausesAndFactsInEveryLanguage) {
         for (std::size_t i = 0; i < lines.size(); ++i) {
             SCOPED_TRACE(testing::Message() << entry << " line " << i + 1 << ": " << lines[i]);
             EXPECT_EQ(lines[i].empty(), english[i].empty());
-            EXPECT_EQ(findAll(beginning, lines[i]), findAll(beginning, english[i]));
+            EXPECT_EQ(beginningOf(lines[i], text), beginningOf(english[i], "LA_en"));
             for (const auto& fact : findAll(facts, english[i])) EXPECT_NE(lines[i].find(fact), lines[i].npos) << fact;
         }
     }
