@@ -1,6 +1,7 @@
 #include "lang/resource_factory.h"
 
-#include <ranges>
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "app/debug_trace.h"
@@ -31,9 +32,10 @@ constexpr Maker makers[]{
 
 std::unique_ptr<Resource> createResource(const char* code, bool useDefault) {
     // From the last: "zh_TW" is found before its prefix "zh".
-    for (const Maker& maker : makers | std::views::reverse) {
-        if (std::string_view(code).starts_with(maker.code)) return maker.create();
-    }
+    const auto maker = std::find_if(std::rbegin(makers), std::rend(makers), [&](const Maker& candidate) {
+        return std::string_view(code).starts_with(candidate.code);
+    });
+    if (maker != std::rend(makers)) return maker->create();
     trace("No resource found for language ", code, useDefault ? ", using default resource" : "");
     return useDefault ? create<Resource_en>() : nullptr;
 }
