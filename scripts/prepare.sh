@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # Sourced by the commands of this folder: installs what the build needs and runs long steps quietly.
 
 unset CDPATH
@@ -49,22 +50,22 @@ missing() {
     local probe package name
     while IFS='|' read -r probe package name; do
         [ -n "$probe" ] && ! eval "$probe" >/dev/null 2>&1 && case $2 in
-            package) printf '%s\n' $package ;;
+            package) printf '%s\n' "${package// /}" ;;
             name) printf '  %s\n' "${name# }" ;;
         esac
     done <<<"$1"
 }
 
 install_needs() {
-    local packages as_root=
-    packages=$(missing "$1" package)
-    [ -n "$packages" ] || return 0
+    local packages as_root=()
+    mapfile -t packages < <(missing "$1" package)
+    [ ${#packages[@]} -gt 0 ] || return 0
     command -v apt-get >/dev/null ||
         fail 'zev: cannot go on without these; please install them and start again:' "$(missing "$1" name)"
-    [ "$(id -u)" = 0 ] || as_root=sudo
-    quietly 'updating the package lists' $as_root apt-get update -q
-    quietly "installing $(echo $packages)" \
-        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends $packages
+    [ "$(id -u)" = 0 ] || as_root=(sudo)
+    quietly 'updating the package lists' "${as_root[@]}" apt-get update -q
+    quietly "installing ${packages[*]}" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -qy --no-install-recommends "${packages[@]}"
     [ -z "$(missing "$1" name)" ] || fail 'zev: cannot go on; still missing:' "$(missing "$1" name)"
 }
 

@@ -19,8 +19,8 @@ void measureTerminal();
 /// A page on which the whole text is shown at once.
 inline constexpr uint32_t unlimitedPage = std::numeric_limits<uint32_t>::max();
 
-/// How many lines of text a page takes above a prompt of `promptLines` lines. Deliberately none on a screen with room for
-/// the prompt alone, where the text is never seen, and `unlimitedPage` on every lower one.
+/// How many lines of text a page takes above a prompt of `promptLines` lines. Deliberately none on a screen with room
+/// for the prompt alone, where the text is never seen, and `unlimitedPage` on every lower one.
 [[nodiscard]] uint32_t textLinesPerPage(std::size_t promptLines);
 
 }  // namespace zev

@@ -19,8 +19,8 @@ using EncodedFile = std::unique_ptr<UFILE, CloseEncodedFile>;
 /// The code page of every licence text: a byte order mark selects the order, without one it is big-endian.
 inline constexpr const char* licenseCodePage = "UTF-16";
 
-/// Opens a file of text to be read in a code page, named as ICU names its converters. Null when the file cannot be opened
-/// or the code page is unknown.
+/// Opens a file of text to be read in a code page, named as ICU names its converters. Null when the file cannot be
+/// opened or the code page is unknown.
 [[nodiscard]] EncodedFile openEncoded(const std::string& path, const char* codePage);
 
 /// Writes text in a code page, by default that of the process, to `file`, which the result does not own and must not
@@ -28,8 +28,8 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 [[nodiscard]] EncodedFile attachEncoded(std::FILE* file, const char* codePage = nullptr);
 
 /// Counts the UTF-16 code units of a text. A U+FFFF ends a text like the end of its file, here and in all that follows.
-/// False, and `count` left alone, when the file cannot be opened. A text that cannot be read to its end is counted as far
-/// as it can; reading it will fail.
+/// False, and `count` left alone, when the file cannot be opened. A text that cannot be read to its end is counted as
+/// far as it can; reading it will fail.
 [[nodiscard]] bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count);
 
 /// Reads a licence text into `buffer`. Returns its length in code units, 0 also when the file cannot be opened; of a

@@ -26,8 +26,8 @@ public:
     /// Whether all that was written has reached the file system; if not, errno has the cause.
     [[nodiscard]] bool flush();
 
-    /// Cuts the file behind what has reached it and closes it. True when that is all that was written; if not, errno has
-    /// the cause.
+    /// Cuts the file behind what has reached it and closes it. True when that is all that was written; if not, errno
+    /// has the cause.
     bool close();
 
 private:

@@ -8,8 +8,8 @@
 /// so both are settled here, as POSIX has it: by the first of LC_ALL, LC_CTYPE and LANG that is set and not empty.
 namespace zev {
 
-/// Reads the environment and makes its locale ICU's default. Comes before any other use of ICU, which from here on has no
-/// data but its own.
+/// Reads the environment and makes its locale ICU's default. Comes before any other use of ICU, which from here on has
+/// no data but its own.
 void adoptEnvironmentLocale();
 
 /// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names

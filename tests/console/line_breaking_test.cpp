@@ -21,7 +21,8 @@ std::string adopt(const std::string& language) {
 
 /// A dialogue in one language.
 struct Speaker {
-    explicit Speaker(const std::string& language) : context(createRunContext(adopt(language), ".", 4)), dialog(context) {}
+    explicit Speaker(const std::string& language)
+        : context(createRunContext(adopt(language), ".", 4)), dialog(context) {}
 
     /// The lines of a text as they are shown, each with its line feed.
     [[nodiscard]] std::string lines(const icu::UnicodeString& text, int32_t width) const {
