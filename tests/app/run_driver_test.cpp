@@ -1,28 +1,176 @@
 #include <gmock/gmock.h>
 
-#include "support/process.h"
+#include <regex>
+
+#include "support/session.h"
 
 namespace zev::test {
 
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* usage = R"(DEBUG: zev version v1.1-0
+DEBUG: Usage: zev {<option>}
+DEBUG: Required options:
+DEBUG:   -l <la_path>        = Specify location of input license files
+DEBUG:   -s <status_path>    = Specify location of target status file
+DEBUG: Optional options:
+DEBUG:   -m <master_path>    = Specify master path for group install
+DEBUG:   -show_exit_code     = Show exit code on program termination
+DEBUG:   -t <status>         = 
+DEBUG:   -setlang <language> = Specify a preferred language
+DEBUG:   -version            = Show version information
+DEBUG:   -debug {<filename>} = Output debug messages to stderr or specified filename
+DEBUG:   -langset 3          = Specify alt set of supported languages (DFLT=4)
+)";
+
+TEST(CommandLine, refusesABadOneWithItsCodeAndTraceLine) {
+    std::vector<std::tuple<Arguments, int, std::string>> rows{
+        {{}, 17, "Options -l and -s are mandatory"},
+        {{"-l", "a"}, 17, "Options -l and -s are mandatory"},
+        {{"-l", "", "-s", "b"}, 17, "Options -l and -s are mandatory"},
+        {{"-t", "05"}, 18, "Invalid argument for -t option"},
+        {{"-langset", "4"}, 18, "Invalid -langset argument"},
+        {{"-l", "a", "-s", "b", "-T"}, 18, "Unknown option : -T"},
+        {{"-l", "-s", "b"}, 18, "Unknown option : b"},
+    };
+    for (const std::string option : {"-l", "-s", "-m", "-t", "-setlang", "-cmdlog", "-dimout", "-langset"}) {
+        const bool takesPath = option == "-l" || option == "-s" || option == "-m";
+        rows.push_back({{option}, 18, "Option " + option + " requires " + (takesPath ? "a path" : "an") + " argument"});
+    }
+    for (const auto& [arguments, exitCode, message] : rows) {
+        SCOPED_TRACE(message + testing::PrintToString(arguments));
+        const Finished finished = run(arguments, {{"ZEV_DEBUG", ""}});
+        EXPECT_EQ(finished.exitCode, exitCode);
+        EXPECT_EQ(finished.out, "Exited with: " + std::to_string(exitCode) + "\n");
+        EXPECT_EQ(finished.err, "DEBUG: " + message + "\n" + usage);
+    }
+    EXPECT_EQ(run({}).err, "") << "without a trace";
+}
+
+TEST(CommandLine, goesOnAfterTheVersionAndTakesTheLaterOfTwoValues) {
+    const Finished finished = run({"-version", "-debug", "-l", "a", "-s", "/dev/null/x", "-l", "b", "-langset", "3x"});
+    EXPECT_EQ(finished.out, "v1.1-0\nExited with: 20\n");
+    EXPECT_THAT(finished.err, StartsWith("DEBUG: ZEV version v1.1-0 started\nDEBUG: Tool invoked as: zev "
+                                         "-version -debug -l a -s /dev/null/x -l b -langset 3x\n"));
+    EXPECT_THAT(finished.err, EndsWith("DEBUG: Calling mkdir(/dev/null/x, 488);\n"
+                                       "DEBUG: Function mkdir returned -1\nDEBUG: errno = 20\n"));
+}
+
+TEST(DebugTrace, goesToTheLastFileNamedOrElseToStandardError) {
+    const Sandbox sandbox;
+    const std::string first = sandbox.path("first"), last = sandbox.path("last");
+    const std::tuple<Environment, Arguments, bool, const char*> rows[]{
+        {{{"ZEV_DEBUG", ""}}, {}, false, "old"},
+        {{{"ZEV_DEBUG", "/no/such/trace"}}, {}, false, "old"},
+        {{{"ZEV_DEBUG", last}}, {"-debug", "-debug"}, true, "old"},  // an option is no file name
+        {{{"ZEV_DEBUG", first}}, {"-debug", last}, true, ""},
+        {{}, {"-debug", first, "-debugBreakText", last}, true, ""},
+        {{}, {"-debug", last, "-debug", ""}, false, "old"},
+    };
+    for (const auto& [environment, options, toLast, inFirst] : rows) {
+        SCOPED_TRACE(testing::PrintToString(options));
+        sandbox.write("first", "old");
+        sandbox.write("last", "old");
+        Arguments all = sandbox.arguments({"-t", "5"});
+        all.insert(all.end(), options.begin(), options.end());
+        const Finished finished = run(all, environment);
+        EXPECT_THAT(toLast ? sandbox.read("last") : finished.err, StartsWith("DEBUG: ZEV version v1.1-0 started\n"));
+        EXPECT_EQ(finished.err.empty(), toLast);
+        EXPECT_EQ(sandbox.read("first"), inFirst);
+    }
+}
+
+TEST(DebugTrace, hasASwitchOfItsOwnForLineBreaking) {
+    const Sandbox sandbox;
+    sandbox.write("licenses/LA_en", utf16(u"a\nb"));
+    sandbox.write("licenses/LI_en", "");
+    const std::string rule = "DEBUG: -------------------\n";
+    EXPECT_THAT(
+        run(sandbox.arguments({"-debugBreakText"}), {}, "1\n").err,
+        StartsWith(rule + "DEBUG: start   : 0\nDEBUG: end     : 0\nDEBUG: nextPos : 2\n" +  //
+                   rule + "DEBUG: start   : 0\nDEBUG: end     : 2\nDEBUG: nextPos : 3\nDEBUG: Got string 1: 'a'\n" +
+                   rule + "DEBUG: start   : 2\nDEBUG: end     : 2\nDEBUG: nextPos : 3\n" +  //
+                   rule + "DEBUG: start   : 2\nDEBUG: end     : 3\nDEBUG: nextPos : -1\nDEBUG: Got string 3: 'b'\n"));
+}
+
+TEST(DebugTrace, tellsTheWholeRun) {
+    const Sandbox sandbox;
+    sandbox.write("licenses/notices", utf16(u"n"));
+    run(sandbox.arguments({"-debug", sandbox.path("trace"), "-m", sandbox.path("m")}),
+        {{"LC_ALL", "nl_NL.UTF-8"}, {"PATH", "/no"}}, "4\n3\n2\n\n1\n");
+    std::string trace = sandbox.read("trace");
+    for (const auto& [pattern, to] :
+         {std::pair(sandbox.path(), "@"), {"DEBUG: (Calling mkdir.*\n)?", ""}, {"zevdoc_[0-9]+", "zevdoc_PID"}}) {
+        trace = std::regex_replace(trace, std::regex(pattern), to);
+    }
+    const std::string loaded = "Number of characters in @/licenses/LA_en is 13\nNumber of characters in "
+                               "@/licenses/LI_en is 15\nTotal license text size is 28\n";
+    std::string copied;
+    for (const auto& [code, name] : languages()) {
+        copied += std::string("creating output file @/status/license/") + name + ".txt in codepage UTF-8\n";
+        // The information file is announced under the path of the agreement.
+        for (const char* kind : {"LA", "LI"}) {
+            copied += std::string("Reading ") + kind + " file @/licenses/LA_" + code + " in codepage UTF-16\n";
+        }
+    }
+    EXPECT_EQ(trace, R"(ZEV version v1.1-0 started
+Tool invoked as: zev -l @/licenses -s @/status -debug @/trace -m @/m
+Defaulting to English locale/resource
+Using resource for language en
+Locale information:
+  isBogus        : no
+  language       : en
+  country        : 
+  variant        : 
+  name           : en
+  base name      : en
+  ISO 3 language : eng
+  ISO 3 country  : 
+No status.dat found at @/status/license/status.dat
+No status.dat found at @/m/status.dat
+height=24, width=80
+)" + loaded + R"([INPUT] ==> 4
+Unable to open file @/licenses/non_vur_license
+Error getting non-VUR license text
+[INPUT] ==> 3
+Doing print LA
+)" + loaded + R"(creating temp file /tmp/zevdoc_PID_en.text in codepage UTF-8
+Wrote 28 characters to temp file
+Got lp return code : 32512
+Got lpr return code : 32512
+Error printing LA
+[INPUT] ==> 2
+[INPUT] ==> 
+Going back to the license
+[INPUT] ==> 1
+License Accepted
+Master status.dat written successfully to @/m/status.dat
+Writing license files...
+)" + copied + R"(input file @/licenses/notices is in codepage UTF-16
+output file @/status/license/notices.txt is in codepage UTF-8
+All status and license files written successfully
+)");
+}
+
 TEST(RunDriver, recordsNothingWhenDeclinedAndRemembersAnAcceptance) {
     const Sandbox sandbox;
-    const Finished declined = run(sandbox.arguments({"-show_exit_code"}), {}, "2\n2\n");
-    EXPECT_THAT(declined.out, testing::EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
+    const Finished declined = run(sandbox.arguments({"-show_exit_code", "-debug"}), {}, "2\n2\n");
+    EXPECT_THAT(declined.out, EndsWith("\n[INPUT] ==> 2\nExited with: 3\n"));
+    EXPECT_THAT(declined.err, EndsWith("\nDEBUG: License Rejected\n"));
     EXPECT_FALSE(sandbox.has("status/license"));
-
     EXPECT_FALSE(sandbox.has("status/status.dat")) << "the probe leaves nothing behind";
     sandbox.write("status/status.dat", "not ours");
-    const Finished accepted = run(sandbox.arguments({"-debug", "-m", ""}), {}, "1\n");
-    EXPECT_EQ(accepted.exitCode, 9);
+    EXPECT_EQ(run(sandbox.arguments({"-m", ""}), {}, "1\n").exitCode, 9);
     EXPECT_EQ(sandbox.read("status/status.dat"), "not ours");
-    EXPECT_THAT(accepted.err, testing::HasSubstr("DEBUG: No status.dat found at " + sandbox.path("status/license") +
-                                                 "/status.dat\nDEBUG: No status.dat found at /status.dat\n"));
 
     sandbox.write("m/status.dat", "Status=9\n");
     EXPECT_EQ(run({"-l", sandbox.path("licenses"), "-s", sandbox.path("other"), "-m", sandbox.path("m")}).exitCode, 9);
 
     sandbox.remove("status/license/German.txt");
-    EXPECT_EQ(run(sandbox.arguments({"-show_exit_code"})).out, "Exited with: 9\n");
+    sandbox.remove("licenses/LI_tr");
+    EXPECT_EQ(run(sandbox.arguments({"-show_exit_code"})).out, "Exited with: 9\n") << "an incomplete product";
     EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
     EXPECT_EQ(run(sandbox.arguments()).out, "");
 }
@@ -39,26 +187,31 @@ TEST(RunDriver, namesEveryMissingFileWhenTracing) {
 }
 
 TEST(RunDriver, failsWithTheCodeOfTheStageThatFailed) {
-    const std::tuple<const char*, int, void (*)(const Sandbox&), Arguments> rows[]{
-        {"status directory below a file", 20, [](const Sandbox&) {}, {"-s", "/dev/null/status"}},
-        {"status directory that is a file", 21, [](const Sandbox& s) { s.write("status", ""); }, {}},
-        {"probe that cannot be created", 21, [](const Sandbox& s) { s.link("status/status.dat", "/no/where"); }, {}},
-        {"text that ends at once",
-         23,
-         [](const Sandbox& s) {
-             s.write("licenses/LA_en", {"\0\0", 2});
-         },
-         {}},
-        {"nothing to copy", 15, [](const Sandbox& s) { s.remove("licenses"); }, {"-t", "5"}},
-        {"copies cannot be created", 15, [](const Sandbox& s) { s.write("status/license", ""); }, {"-t", "5"}},
+    using Spoil = void (*)(const Sandbox&);
+    const auto isFile = [](const Sandbox& s) { s.write("status", ""); };
+    const auto cannotProbe = [](const Sandbox& s) { s.link("status/status.dat", "/no/where"); };
+    const auto endsAtOnce = [](const Sandbox& s) { s.write("licenses/LA_en", {"\0\0", 2}); };
+    const auto copiesAreFile = [](const Sandbox& s) { s.write("status/license", ""); };
+    const std::tuple<int, Arguments, Spoil, const char*> rows[]{
+        {20, {"-s", "/dev/null/status"}, [](const Sandbox&) {}, "errno = 20"},
+        {21, {}, isFile, ""},
+        {21, {}, cannotProbe, ""},
+        {23,
+         {},
+         endsAtOnce,
+         "Function breakText ended up with a vector of size 0\nDEBUG: Failed breakText for license text"},
+        {15, {"-t", "5"}, copiesAreFile, "Problem writing status files, errno = 20"},
     };
-    for (const auto& [name, exitCode, spoil, more] : rows) {
-        SCOPED_TRACE(name);
+    for (const auto& [exitCode, more, spoil, cause] : rows) {
+        SCOPED_TRACE(cause);
         const Sandbox sandbox;
         spoil(sandbox);
-        const Finished finished = run(sandbox.arguments(more), {}, "1\n");
+        Arguments all = sandbox.arguments({"-debug"});
+        all.insert(all.end(), more.begin(), more.end());
+        const Finished finished = run(all, {}, "1\n");
         EXPECT_EQ(finished.exitCode, exitCode);
         EXPECT_EQ(finished.out, "Exited with: " + std::to_string(exitCode) + "\n");
+        EXPECT_THAT(finished.err, HasSubstr(cause));
     }
 }
 
@@ -77,11 +230,8 @@ TEST(RunDriver, honoursThePreferredLanguageWhereItsFilesExist) {
     sandbox.remove("licenses/LI_de");
     for (const auto& [preferred, line] : rows) {
         const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-setlang", preferred}));
-        EXPECT_THAT(finished.err, testing::HasSubstr(std::string("DEBUG: ") + line));
+        EXPECT_THAT(finished.err, HasSubstr(std::string("DEBUG: ") + line));
     }
-    EXPECT_THAT(
-        run(sandbox.arguments({"-debug", "-t", "5"}), {{"LC_ALL", "nl_NL.UTF-8"}}).err,
-        testing::HasSubstr("DEBUG: Defaulting to English locale/resource\nDEBUG: Using resource for language en\n"));
 }
 
 }  // namespace zev::test

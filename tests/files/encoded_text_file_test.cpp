@@ -4,9 +4,10 @@
 #include <sys/stat.h>
 
 #include "app/run_options.h"
+#include "files/license_text_set.h"
 #include "files/paths.h"
 #include "lang/locale_choice.h"
-#include "support/sandbox.h"
+#include "support/session.h"
 
 namespace zev::test {
 
@@ -27,21 +28,27 @@ TEST(EncodedTextFile, countsAndReadsCodeUnitsUpToTheEndMark) {
         {utf16(block + block + u"z\xFFFFy"), block + block + u"z"},
     };
     const Sandbox sandbox;
-    const RunContext context = createRunContext("", "", defaultLanguageSet);
+    const std::string path = sandbox.path("licenses/non_vur_license");
+    const RunContext context = createRunContext(sandbox.path("licenses"), "", defaultLanguageSet);
     std::size_t count = 99;
-    EXPECT_FALSE(countFileChars(sandbox.path("text"), "UTF-16", count));
+    icu::UnicodeString loaded = u"left alone";
+    EXPECT_FALSE(countFileChars(path, "UTF-16", count));
+    EXPECT_FALSE(readNonVurText(context, loaded));
+    EXPECT_EQ(loaded, u"left alone");
     for (const auto& [bytes, expected] : rows) {
-        sandbox.write("text", bytes);
-        EXPECT_TRUE(countFileChars(sandbox.path("text"), "UTF-16", count));
+        sandbox.write("licenses/non_vur_license", bytes);
+        EXPECT_TRUE(countFileChars(path, "UTF-16", count));
         EXPECT_EQ(count, expected.size());
         std::u16string text(count, u'?');
-        EXPECT_EQ(readLicenseFile(context, sandbox.path("text"), text), count);
+        EXPECT_EQ(readLicenseFile(context, path, text), count);
         EXPECT_EQ(text, expected);
+        EXPECT_TRUE(readNonVurText(context, loaded));
+        EXPECT_EQ(loaded, expected.c_str()) << "a text ends at its first U+0000";
     }
-    EXPECT_FALSE(countFileChars(sandbox.path("text"), "no-such-code-page", count));
+    EXPECT_FALSE(countFileChars(path, "no-such-code-page", count));
 
     std::u16string small(5, u'?');
-    EXPECT_EQ(readLicenseFile(context, sandbox.path("text"), std::span(small).first(3)), 4U) << "it does not fit";
+    EXPECT_EQ(readLicenseFile(context, path, std::span(small).first(3)), 4U) << "it does not fit";
     EXPECT_EQ(small, u"?????");
 }
 
@@ -52,16 +59,18 @@ TEST(EncodedTextFile, copiesAsIfUnitByUnit) {
     for (const char* codePage : {"UTF-8", "UTF-16", "ISO-2022-KR", "ISO-2022-JP", "GB18030", "LMBCS-1", "SCSU",
                                  "ISCII,version=0", "BOCU-1", "HZ", "UTF-7", "ibm-1047"}) {
         EXPECT_TRUE(copyFileConverted(in.c_str(), "UTF-16", out.c_str(), codePage));
-        UFILE* const from = u_fopen(in.c_str(), "r", nullptr, "UTF-16");
-        UFILE* const to = u_fopen(plain.c_str(), "w", nullptr, codePage);
-        for (UChar unit; (unit = u_fgetc(from)) != U_EOF;) u_fputc(unit, to);
-        u_fclose(from);
-        u_fclose(to);
+        const EncodedFile from = openEncoded(in, "r", "UTF-16");
+        EncodedFile to = openEncoded(plain, "w", codePage);
+        for (UChar unit; (unit = u_fgetc(from.get())) != U_EOF;) u_fputc(unit, to.get());
+        to.reset();
         EXPECT_EQ(sandbox.read("out"), sandbox.read("plain")) << codePage;
     }
+    EXPECT_FALSE(copyFileConverted("/no/where", "UTF-16", out.c_str(), "UTF-8"));
+    EXPECT_EQ(sandbox.read("out"), "") << "an empty copy stays behind when only the input fails";
+    EXPECT_FALSE(copyFileConverted(in.c_str(), "UTF-16", "/no/where", "UTF-8"));
 }
 
-TEST(EncodedTextFile, createsDirectoriesFromTheLeft) {
+TEST(Paths, createsDirectoriesFromTheLeft) {
     umask(022);
     const Sandbox sandbox;
     EXPECT_TRUE(makeDirectoryPath(sandbox.path("a//b/c/")));

@@ -49,6 +49,8 @@ TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
     adopt("", "", "fr_FR.ISO-8859-1");
     EXPECT_EQ(written(u"é€"), "\xE9\x1A");
     EXPECT_EQ(fromCodePage("\xE9"), icu::UnicodeString(u"é"));
+    adopt("", "", "ja_JP.ISO-2022-JP");
+    EXPECT_EQ(written(u"許") + written(u"x"), "\x1B$B5vx") << "every piece begins anew";
     adopt("", "", "en_US.UTF-8");
     EXPECT_EQ(written(u"a\xD83D\n") + written(u"\xDE00\n"), "a\uFFFD\n\uFFFD\n") << "a pair that a hard cut has parted";
     const icu::UnicodeString text(600, U'é', 600);

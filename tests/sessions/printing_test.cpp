@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "support/process.h"
+#include "support/session.h"
 
 namespace zev::test {
 
@@ -11,14 +11,13 @@ using testing::HasSubstr;
 class Printing : public testing::Test {
 protected:
     Finished print(int lpExit, int lprExit, Environment environment = {}) {
-        sandbox.write("licenses/LA_en", utf16(u"€uro " + std::u16string(130, u'x') + u"\n"));
+        sandbox.write("licenses/LA_de", utf16(u"€uro " + std::u16string(130, u'x') + u"\n"));
         install("lp", lpExit);
         install("lpr", lprExit);
-        environment.insert({{"PATH", sandbox.path("bin") + ":/usr/bin:/bin"}, {"LC_ALL", "en_US.UTF-8"}});
+        environment.insert({{"PATH", sandbox.path("bin") + ":/usr/bin:/bin"}, {"LC_ALL", "de_DE.ISO-8859-15"}});
         Finished finished = run(sandbox.arguments(), environment, "3\n1\n");
         const std::string calls = sandbox.read("calls");
         document = calls.substr(3, calls.find('\n') - 3);
-        EXPECT_THAT(document, testing::MatchesRegex("/tmp/zevdoc_[0-9]+_en\\.text"));
         EXPECT_EQ(calls, lpExit == 0 ? "lp " + document + "\n" : "lp " + document + "\nlpr " + document + "\n");
         return finished;
     }
@@ -39,14 +38,15 @@ TEST_F(Printing, handsADocumentOfSixtyColumnsToTheFirstCommandThatTakesIt) {
     sandbox.write("licenses/non_vur_license", utf16(u"terms"));
     const std::string sixty(60, 'x');
     EXPECT_THAT(print(0, 0).out, testing::Not(HasSubstr("noise")));
-    EXPECT_EQ(sandbox.read("paper"), "€uro \n" + sixty + "\n" + sixty + "\n" + "xxxxxxxxxx\nen information\n\nterms\n");
+    EXPECT_EQ(sandbox.read("paper"),
+              "\xA4uro \n" + sixty + "\n" + sixty + "\n" + "xxxxxxxxxx\nde information\n\nterms\n");
+    EXPECT_THAT(document, testing::MatchesRegex("/tmp/zevdoc_[0-9]+_de\\.text"));
     EXPECT_TRUE(std::filesystem::remove(document)) << "a printed document is left in place";
 }
 
 TEST_F(Printing, fallsBackToTheSecondCommand) {
     const Finished finished = print(3, 0, {{"ZEV_DEBUG", ""}});
-    EXPECT_THAT(finished.err, HasSubstr("DEBUG: creating temp file " + document + " in codepage UTF-8\n"));
-    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Wrote 154 characters to temp file\nDEBUG: Got lp return code : 768\n"));
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Got lp return code : 768\n"));
     EXPECT_THAT(finished.out, HasSubstr("noise\nnoise\n")) << "the commands speak when tracing";
     EXPECT_TRUE(std::filesystem::remove(document));
 }

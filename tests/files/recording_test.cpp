@@ -1,18 +1,21 @@
 #include <gmock/gmock.h>
+#include <unicode/locid.h>
 
-#include "support/process.h"
+#include <ctime>
+
+#include "support/session.h"
 
 namespace zev::test {
 
 using testing::HasSubstr;
 
 /// Unattended runs, which record an acceptance and do nothing else.
-class LicenseCopies : public testing::Test {
+class Recording : public testing::Test {
 protected:
     int record(const char* locale = "en_US.UTF-8", const Arguments& more = {}) {
         Arguments all = sandbox.arguments({"-debug", "-t", "5"});
         all.insert(all.end(), more.begin(), more.end());
-        const Finished finished = run(all, {{"LC_ALL", locale}});
+        const Finished finished = run(all, {{"LC_ALL", locale}, {"TZ", "ABC-5"}});
         trace = finished.err;
         return finished.exitCode;
     }
@@ -22,7 +25,23 @@ protected:
     std::string trace;
 };
 
-TEST_F(LicenseCopies, areWrittenInTheCodePageOfTheProcess) {
+TEST_F(Recording, leavesACopyOfEveryLanguageUnderItsEnglishNameAndOfWhatServesAll) {
+    sandbox.write("licenses/non_vur_license", utf16(u"terms"));
+    sandbox.write("licenses/notices", utf16(u"notices"));
+    EXPECT_EQ(record(), 9);
+    for (const auto& entry : languages()) {
+        const std::string code = entry.code;
+        icu::UnicodeString language;
+        std::string name;
+        icu::Locale(code.c_str()).getDisplayLanguage(icu::Locale::getEnglish(), language).toUTF8String(name);
+        EXPECT_EQ(copy(name + code.substr(2) + ".txt"), code + " agreement\n" + code + " information\n");
+    }
+    EXPECT_EQ(copy("non_vur_license.txt") + copy("notices.txt"), "termsnotices");
+    const auto files = std::filesystem::directory_iterator(sandbox.path("status/license"));
+    EXPECT_EQ(std::distance(begin(files), end(files)), std::ssize(languages()) + 3);
+}
+
+TEST_F(Recording, copiesInTheCodePageOfTheProcess) {
     sandbox.write("licenses/LA_ja", utf16(u"許諾é"));
     sandbox.write("licenses/LI_ja", utf16(u"\nx"));
     sandbox.write("licenses/notices", utf16(u"é"));
@@ -39,13 +58,9 @@ TEST_F(LicenseCopies, areWrittenInTheCodePageOfTheProcess) {
         EXPECT_EQ(copy("Japanese.txt"), bytes) << locale;
     }
     EXPECT_EQ(copy("notices.txt"), "\x1A");
-    EXPECT_FALSE(sandbox.has("status/license/non_vur_license.txt"));
-    // The information file is announced under the path of the agreement.
-    const std::string path = sandbox.path("licenses/LA_de") + " in codepage UTF-16\n";
-    EXPECT_THAT(trace, HasSubstr("DEBUG: Reading LA file " + path + "DEBUG: Reading LI file " + path));
 }
 
-TEST_F(LicenseCopies, stopAtTheFirstFailureAndLeaveWhatIsThere) {
+TEST_F(Recording, stopsAtTheFirstFailureAndLeavesWhatIsThere) {
     sandbox.remove("licenses/LI_it");
     sandbox.remove("licenses/LA_ko");
     sandbox.write("status/license/status.dat", "old");
@@ -59,7 +74,7 @@ TEST_F(LicenseCopies, stopAtTheFirstFailureAndLeaveWhatIsThere) {
                                  "\nDEBUG: Problem writing status files, errno = 2\n"));
 }
 
-TEST_F(LicenseCopies, noticeWhatCannotBeWritten) {
+TEST_F(Recording, noticesWhatCannotBeWritten) {
     const std::string problem = "DEBUG: Problem writing status files, errno = 28\n";
     sandbox.link("status/license/German.txt", "/dev/full");
     EXPECT_EQ(record(), 15);
@@ -82,7 +97,7 @@ TEST_F(LicenseCopies, noticeWhatCannotBeWritten) {
     EXPECT_THAT(trace, HasSubstr(problem));
 }
 
-TEST_F(LicenseCopies, doNotDependOnTheMasterStatusFile) {
+TEST_F(Recording, doesNotDependOnTheMasterStatusFile) {
     const std::string written = "DEBUG: Master status.dat written successfully to ";
     const std::string failed = "DEBUG: Unable to write the master status.dat to ";
     sandbox.link("full/status.dat", "/dev/full");
@@ -93,6 +108,42 @@ TEST_F(LicenseCopies, doNotDependOnTheMasterStatusFile) {
         EXPECT_THAT(trace, HasSubstr(line + path + "/status.dat\n"));
     }
     EXPECT_THAT(sandbox.read("m/n/status.dat"), testing::EndsWith("\nStatus=9\n"));
+}
+
+TEST_F(Recording, writesTwoLinesWithTheLocalTime) {
+    EXPECT_EQ(record(), 9);
+    const std::string bytes = copy("status.dat");
+    EXPECT_EQ(bytes.size(), 39U);
+    tm date{};
+    EXPECT_STREQ(strptime(bytes.c_str(), "#%a %b %d %H:%M:%S ABC %Y\n", &date), "Status=9\n") << bytes;
+}
+
+TEST_F(Recording, isJudgedByItsFirstLineThatSaysSomething) {
+    using namespace std::string_literals;
+    const std::pair<std::string, bool> rows[]{
+        {"Status=9\n", true},
+        {"Status=9", true},
+        {"#\n\n# Sat\nStatus=9\nStatus=3\n", true},
+        {"Status=9\0rest\n"s, true},  // a line is a C string
+        {"#" + std::string(78, '-') + "\nStatus=9\n", true},
+        {"#" + std::string(79, '-') + "\nStatus=9\n", false},
+        {"Status=9\r\n", false},
+        {" Status=9\n", false},
+        {"Status=9 \n", false},
+        {"status=9\n", false},
+        {"Status=09\n", false},
+        {"Status=3\nStatus=9\n", false},
+        {"# only\n# comments", false},
+        {"", false},
+    };
+    const std::string path = sandbox.path("status/license/status.dat");
+    for (const auto& [bytes, valid] : rows) {
+        sandbox.write("status/license/status.dat", bytes);
+        const Finished finished = run(sandbox.arguments({"-debug"}), {}, "2\n2\n");
+        EXPECT_EQ(finished.exitCode, valid ? 9 : 3) << bytes;
+        EXPECT_THAT(finished.err,
+                    HasSubstr((valid ? "DEBUG: Valid" : "DEBUG: Invalid") + (" status.dat found at " + path)));
+    }
 }
 
 }  // namespace zev::test

@@ -1,4 +1,4 @@
-#include "support/process.h"
+#include "support/session.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,13 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <utility>
+
+#include "app/run_options.h"
+#include "lang/locale_choice.h"
 
 namespace zev::test {
 
@@ -17,15 +23,16 @@ namespace {
 
 constexpr int deadlineSeconds = 20;
 
-[[noreturn]] void execute(Arguments arguments, const Environment& environment) {
+[[noreturn]] void execute(Arguments arguments, const Environment& environment, Preparation prepare) {
     clearenv();
     setenv("TZ", "UTC", 1);
     setenv("PATH", "/usr/bin:/bin", 1);
     for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
-    std::string program = "zev";
-    std::vector<char*> argv{program.data()};
+    arguments.insert(arguments.begin(), "zev");
+    std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
+    prepare();
     alarm(deadlineSeconds);
     execv(ZEV_BINARY, argv.data());
     _exit(127);
@@ -39,7 +46,59 @@ int exitCodeOf(pid_t process) {
 
 }  // namespace
 
-Finished run(const Arguments& arguments, const Environment& environment, const std::string& input) {
+std::vector<LanguageEntry> languages() {
+    const RunContext context = createRunContext("", "", defaultLanguageSet);
+    std::vector<LanguageEntry> all;
+    while (const auto* next = languageEntry(context, static_cast<unsigned>(all.size()))) all.push_back(*next);
+    return all;
+}
+
+std::string utf16(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (const char16_t unit : text) bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    return bytes;
+}
+
+Sandbox::Sandbox() {
+    std::string name = (std::filesystem::temp_directory_path() / "zev_test_XXXXXX").string();
+    root_ = mkdtemp(name.data());
+    for (const auto& language : languages()) {
+        const std::string code = language.code;
+        const std::u16string wide(code.begin(), code.end());
+        write("licenses/LA_" + code, utf16(wide + u" agreement\n"));
+        write("licenses/LI_" + code, utf16(wide + u" information\n"));
+    }
+}
+
+Sandbox::~Sandbox() { std::filesystem::remove_all(root_); }
+
+std::string Sandbox::path(std::string_view name) const { return name.empty() ? root_ : root_ / name; }
+
+Arguments Sandbox::arguments(const Arguments& more) const {
+    Arguments all{"-l", path("licenses"), "-s", path("status")};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+std::string Sandbox::read(std::string_view name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    if (!file) return "<no file>";
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Sandbox::write(std::string_view name, std::string_view bytes) const {
+    std::filesystem::create_directories((root_ / name).parent_path());
+    std::ofstream(path(name), std::ios::binary) << bytes;
+}
+
+void Sandbox::link(std::string_view name, const std::string& target) const {
+    write(name, "");
+    remove(name);
+    std::filesystem::create_symlink(target, path(name));
+}
+
+Finished run(const Arguments& arguments, const Environment& environment, const std::string& input,
+             Preparation prepare) {
     const Sandbox streams;
     streams.write("in", input);
     const pid_t process = fork();
@@ -48,21 +107,21 @@ Finished run(const Arguments& arguments, const Environment& environment, const s
         for (const char* name : {"in", "out", "err"}) {
             dup2(open(streams.path(name).c_str(), O_RDWR | O_CREAT, 0600), descriptor++);
         }
-        execute(arguments, environment);
+        execute(arguments, environment, prepare);
     }
     const int exitCode = exitCodeOf(process);
     return {exitCode, streams.read("out"), streams.read("err")};
 }
 
 Terminal::Terminal(unsigned short rows, unsigned short columns, const Arguments& arguments,
-                   const Environment& environment) {
+                   const Environment& environment, Preparation prepare) {
     termios settings{};
     cfmakeraw(&settings);
     settings.c_lflag |= ICANON;
     settings.c_cc[VEOF] = '\x04';
     const winsize size{rows, columns, 0, 0};
     process_ = forkpty(&terminal_, nullptr, &settings, &size);
-    if (process_ == 0) execute(arguments, environment);
+    if (process_ == 0) execute(arguments, environment, prepare);
 }
 
 Terminal::~Terminal() {

@@ -1,0 +1,68 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "support/session.h"
+
+namespace zev::test {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+/// Puts a pipe that holds the answer "1" in place of standard input.
+void answerFromPipe() {
+    int ends[2];
+    if (pipe(ends) == 0 && write(ends[1], "1\n", 2) == 2) dup2(ends[0], STDIN_FILENO);
+}
+
+TEST(Streams, echoAnAnswerBeforeAnythingElseHappens) {
+    const Sandbox sandbox;
+    ASSERT_EQ(mkdir(sandbox.path("status").c_str(), 0700) + mkdir(sandbox.path("status/license").c_str(), 0700), 0);
+    ASSERT_EQ(mkfifo(sandbox.path("status/license/Czech.txt").c_str(), 0600), 0);
+    Terminal terminal(24, 80, sandbox.arguments({"-cmdlog", "/dev/stdout"}), {}, answerFromPipe);
+    terminal.waitFor("[INPUT] ==> 1\n1\n");  // the copy has no reader, so the run does not get to its end
+}
+
+TEST(Streams, takeAClosedInputForNoTerminal) {
+    const Sandbox sandbox;
+    const Finished finished = run(sandbox.arguments(), {}, "", [] {
+        close(STDIN_FILENO);
+        const rlimit limit{1 << 16, 1 << 16};  // else the prompts would have no end
+        setrlimit(RLIMIT_FSIZE, &limit);
+    });
+    EXPECT_EQ(finished.exitCode, -1);
+    EXPECT_THAT(finished.out, HasSubstr("\n[INPUT] ==> \n\n\nYou have completed"));
+}
+
+TEST(Streams, keepFilesOffTheNumbersOfThoseThatAreClosed) {
+    const Preparation rows[]{[] { close(STDOUT_FILENO); }, [] { close(STDERR_FILENO); },
+                             [] { close(STDOUT_FILENO), close(STDERR_FILENO); },
+                             [] { close(STDIN_FILENO), close(STDOUT_FILENO), close(STDERR_FILENO), answerFromPipe(); }};
+    for (const Preparation prepare : rows) {
+        const Sandbox sandbox;
+        const auto arguments = sandbox.arguments({"-debug", "-cmdlog", sandbox.path("log"), "-show_exit_code"});
+        EXPECT_EQ(run(arguments, {}, "1\n", prepare).exitCode, 9);
+        EXPECT_EQ(sandbox.read("log"), "1\n");
+        EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
+    }
+}
+
+TEST(TerminalGeometry, prefersTheEnvironmentToTheTerminalOnStandardErrorAndThatToTheDefaults) {
+    const std::tuple<unsigned short, unsigned short, const char*, const char*, const char*> rows[]{
+        {50, 120, "", "", "50 120\n"},      {50, 100, "132", "", "50 132\n"}, {50, 100, "", "7x", "7 100\n"},
+        {50, 100, "-5", "abc", "50 100\n"}, {40, 0, "0", "", "40 80\n"},      {0, 0, "", "", "24 80\n"},
+    };
+    const Sandbox sandbox;
+    for (const auto& [height, width, columns, lines, dimensions] : rows) {
+        Terminal terminal(height, width, sandbox.arguments({"-dimout", sandbox.path("size")}),
+                          {{"COLUMNS", columns}, {"LINES", lines}},
+                          [] { dup2(open("/dev/null", O_RDWR), STDOUT_FILENO); });
+        terminal.type("2\n2");
+        EXPECT_EQ(terminal.finish().exitCode, 3);
+        EXPECT_EQ(sandbox.read("size"), dimensions);
+    }
+}
+
+}  // namespace zev::test

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lang/language_table.h"
+
+namespace zev::test {
+
+using Arguments = std::vector<std::string>;
+using Environment = std::map<std::string, std::string>;
+
+/// Every language of the larger set, in the order of the table.
+std::vector<LanguageEntry> languages();
+
+/// Little-endian UTF-16 with a byte order mark.
+std::string utf16(std::u16string_view text);
+
+/// A temporary directory for one test, with a complete licence set in `licenses`: of each language the agreement
+/// "<code> agreement\n" and the information "<code> information\n".
+class Sandbox {
+public:
+    Sandbox();
+    ~Sandbox();
+    Sandbox(const Sandbox&) = delete;
+    Sandbox& operator=(const Sandbox&) = delete;
+
+    /// The path of a name inside; the directory itself for none.
+    [[nodiscard]] std::string path(std::string_view name = "") const;
+    /// The arguments of a run on `licenses` and `status`.
+    [[nodiscard]] Arguments arguments(const Arguments& more = {}) const;
+    [[nodiscard]] bool has(std::string_view name) const { return std::filesystem::exists(path(name)); }
+    /// The bytes of a file; a text of its own when there is none.
+    [[nodiscard]] std::string read(std::string_view name) const;
+    /// Writes a file and the directories it needs.
+    void write(std::string_view name, std::string_view bytes) const;
+    /// Replaces a file by a symbolic link, such as one to /dev/full, which opens and cannot be written.
+    void link(std::string_view name, const std::string& target) const;
+    void remove(std::string_view name) const { std::filesystem::remove_all(path(name)); }
+
+private:
+    std::filesystem::path root_;
+};
+
+struct Finished {
+    int exitCode;  ///< -1 when a signal ended the process
+    std::string out;
+    std::string err;
+};
+
+/// What a process does to itself before it becomes the binary.
+using Preparation = void (*)();
+
+/// Runs the real binary to its end: with nothing in its environment but TZ=UTC, a PATH and `environment`, and with
+/// `input` in a file on its standard input.
+Finished run(
+    const Arguments& arguments, const Environment& environment = {}, const std::string& input = "",
+    Preparation prepare = [] {});
+
+/// The real binary on a terminal of its own, which neither echoes nor changes line ends.
+class Terminal {
+public:
+    Terminal(
+        unsigned short rows, unsigned short columns, const Arguments& arguments, const Environment& environment = {},
+        Preparation prepare = [] {});
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    /// Reads on until `text` has appeared; fails the test when it does not come in time.
+    void waitFor(const std::string& text);
+    void type(const std::string& line);
+    /// Waits for the end of the process; `out` is what no one waited for.
+    Finished finish();
+
+private:
+    bool readSome();
+
+    pid_t process_ = -1;
+    int terminal_ = -1;
+    std::string unread_;
+};
+
+}  // namespace zev::test
