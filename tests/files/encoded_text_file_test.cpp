@@ -59,10 +59,11 @@ TEST(EncodedTextFile, copiesAsIfUnitByUnit) {
     for (const char* codePage : {"UTF-8", "UTF-16", "ISO-2022-KR", "ISO-2022-JP", "GB18030", "LMBCS-1", "SCSU",
                                  "ISCII,version=0", "BOCU-1", "HZ", "UTF-7", "ibm-1047"}) {
         EXPECT_TRUE(copyFileConverted(in.c_str(), "UTF-16", out.c_str(), codePage));
-        const EncodedFile from = openEncoded(in, "r", "UTF-16");
-        EncodedFile to = openEncoded(plain, "w", codePage);
-        for (UChar unit; (unit = u_fgetc(from.get())) != U_EOF;) u_fputc(unit, to.get());
-        to.reset();
+        UFILE* const from = u_fopen(in.c_str(), "r", nullptr, "UTF-16");
+        UFILE* const to = u_fopen(plain.c_str(), "w", nullptr, codePage);
+        for (UChar unit; (unit = u_fgetc(from)) != U_EOF;) u_fputc(unit, to);
+        u_fclose(from);
+        u_fclose(to);
         EXPECT_EQ(sandbox.read("out"), sandbox.read("plain")) << codePage;
     }
     EXPECT_FALSE(copyFileConverted("/no/where", "UTF-16", out.c_str(), "UTF-8"));
