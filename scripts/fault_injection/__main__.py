@@ -1,0 +1,87 @@
+"""Makes runs of zev meet faults, and says what fell short."""
+
+import argparse
+import os
+import random
+import shutil
+import signal
+import sys
+import tempfile
+
+import crowds
+import environments
+import icu_data
+import kills
+import media
+import mounts
+import other_users
+import traced_calls
+from lab import Lab
+from sandbox import SCENARIOS, Sandbox
+
+QUICK = 60  # seconds
+GROUPS = {
+    "calls": traced_calls.try_all, "media": media.try_all, "kills": kills.try_all, "crowds": crowds.try_all,
+    "users": other_users.try_all, "environments": environments.try_all, "icu": icu_data.try_all,
+}  # fmt: skip
+
+
+def parse():
+    parser = argparse.ArgumentParser(
+        prog="scripts/faults", description=__doc__,
+        epilog="Without a bound every case is tried, which takes about ten minutes. Exits with 1 if anything fell short.")
+    parser.add_argument("binary", metavar="BINARY", help="the zev to try; that of the release build where none is named")
+    bound = parser.add_mutually_exclusive_group()
+    bound.add_argument("--quick", action="store_const", const=QUICK, dest="seconds", help=f"as --seconds {QUICK}")
+    bound.add_argument("--seconds", type=float, help="about as long, on cases chosen at random")
+    parser.add_argument("--seed", type=int, help="of the choice; it is printed")
+    parser.add_argument("--only", choices=GROUPS, action="append", help="may be repeated")
+    options = parser.parse_args()
+    if options.seed is None:
+        options.seed = random.SystemRandom().randrange(10**6)
+    return options
+
+
+def check_undisturbed(sandbox):
+    """Without faults nothing may fall short, or nothing that is found later would mean anything."""
+    for scenario in SCENARIOS:
+        with sandbox.status(scenario.has_earlier_record) as status:
+            outcome = sandbox.run(scenario, status)
+            verdict = sandbox.judge(scenario, status, outcome)
+            if verdict or outcome.code != scenario.code:
+                sys.exit(f"zev: cannot go on: {scenario.name}, without a fault: {verdict or ''} exit {outcome.code}")
+
+
+def main():
+    options = parse()
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("zev: ended from outside."))
+    with open(options.binary, "rb") as source:
+        refusal = mounts.take_own_tmp()
+        root = tempfile.mkdtemp(prefix="zev-faults-", dir="/tmp")
+        try:
+            return try_on(root, source, options, refusal)
+        finally:
+            shutil.rmtree(root, ignore_errors=True)
+
+
+def try_on(root, source, options, refusal):
+    """Tries everything on a copy of the executable, which must be readable to other users. Returns the exit code."""
+    os.chmod(root, 0o755)
+    executable = os.path.join(root, "zev")
+    with open(executable, "wb") as copy:
+        shutil.copyfileobj(source, copy)
+    os.chmod(executable, 0o755)
+
+    sandbox = Sandbox(root, executable)
+    check_undisturbed(sandbox)
+    bound = "every case" if options.seconds is None else f"{options.seconds:g} seconds"
+    print(f"{options.binary}, {bound}, seed {options.seed}\n\n{'':<58} {'tried':>7} {'short':>7} {'described':>10}")
+    lab = Lab(sandbox, options.seconds, options.seed, refusal)
+    for group in options.only or GROUPS:
+        GROUPS[group](lab)
+    lab.print_findings()
+    return 1 if lab.fell_short() else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,90 @@
+"""Many runs at once on one status directory or one master directory, and somebody who watches."""
+
+import contextlib
+import os
+import subprocess
+import sys
+
+import process
+from sandbox import UNATTENDED
+from verdict import Short
+
+CROWD = 8  # shells that run zev at once
+ROUNDS, RUNS = 20, 16  # rounds of the crowd, runs of each shell in a round
+PATIENCE = 120.0  # seconds for a round
+
+# What the shells of a crowd run on: one directory, the same new ones, each its own new ones.
+ONE, SAME, OWN = '"$0"', '"$0/$runs"', '"$0/$$.$runs"'
+SHELL = """
+for runs in $(seq {runs}); do
+    yes 2 | head -n 8 | "$@" -s {status} >/dev/null 2>&1
+    echo $?
+done
+"""
+
+# Reads a file until its input is closed, and says how often it was read and how often it was not a status file.
+WATCHER = """
+import select, sys
+from sandbox import is_valid, read
+sights = broken = 0
+while not select.select([0], [], [], 0)[0]:
+    sights += 1
+    broken += not is_valid(read(sys.argv[1]))
+print(sights, broken)
+"""
+
+
+@contextlib.contextmanager
+def watched(path, sights):
+    """Watches a status file, and appends the number of sights and of the broken ones among them to `sights`."""
+    watcher = subprocess.Popen([sys.executable, "-B", "-c", WATCHER, path], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                               env={"PYTHONPATH": os.path.dirname(__file__)})
+    try:
+        yield
+    finally:
+        sights.append(tuple(map(int, watcher.communicate()[0].split())))
+
+
+def judge_code(code):
+    if code == 9:
+        return None
+    return Short("asked again though accepted" if code == 3 else f"exit {code} though nothing failed")
+
+
+def judge_record(lab, status):
+    if not lab.sandbox.has_record(status) or lab.sandbox.cut_copies(status):
+        return Short("lost record: what the crowd left is not whole")
+    return None
+
+
+def try_round(lab, directory, status, *options):
+    """One round of a crowd. Returns the verdicts on all its runs and on what they left."""
+    sandbox = lab.sandbox
+    command = ["sh", "-c", SHELL.format(runs=RUNS, status=status), directory, sandbox.binary, "-l", sandbox.licences]
+    crowd = [process.start([*command, *options], env=sandbox.environment(directory)) for _ in range(CROWD)]
+    outcomes = [process.finish(shell, PATIENCE) for shell in crowd]
+    if any(outcome.ending != "exit" for outcome in outcomes):
+        return Short("hang")
+    verdicts = [judge_code(int(code)) for outcome in outcomes for code in outcome.output.split()]
+    left = [directory] if status == ONE else [entry.path for entry in os.scandir(directory)]
+    return verdicts + [verdict for path in left if (verdict := judge_record(lab, path))]
+
+
+def try_fresh(lab, status, *options):
+    with lab.sandbox.status() as directory:
+        os.mkdir(directory)
+        return try_round(lab, directory, status, *options)
+
+
+def try_all(lab):
+    sights = []
+    with lab.sandbox.status(earlier=True) as status, watched(os.path.join(status, "license", "status.dat"), sights):
+        lab.try_each("many at once, one status directory", range(ROUNDS), lambda _: try_round(lab, status, ONE), 0.06, 1)
+    with lab.sandbox.status(earlier=True) as status:
+        master = os.path.join(status, "license")
+        with watched(os.path.join(master, "status.dat"), sights):
+            lab.try_each("many at once, one master directory", range(ROUNDS),
+                         lambda _: try_fresh(lab, OWN, "-m", master), 0.06, 1)
+    lab.try_each("many at once, first runs", range(ROUNDS), lambda _: try_fresh(lab, SAME, *UNATTENDED.options), 0.04, 1)
+    seen, broken = map(sum, zip(*sights))
+    lab.add_row("a reader of status.dat meanwhile", seen, {"half a status.dat was seen": broken})

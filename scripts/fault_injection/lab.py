@@ -1,0 +1,87 @@
+"""Tries cases within the time that there is, and prints a row for each kind."""
+
+import concurrent.futures
+import random
+import sys
+import time
+
+from verdict import Row, count
+
+EXAMPLES = 3
+LONGEST = 40  # characters of a name in the findings
+
+
+class Lab:
+    def __init__(self, sandbox, seconds, seed, no_mounts):
+        """`seconds` bounds all trials together; None tries every case. `no_mounts` says why nothing can be mounted."""
+        self.sandbox = sandbox
+        self.seconds = seconds
+        self.random = random.Random(seed)
+        self.no_mounts = no_mounts
+        self.rows = []
+        self.stopped = False
+
+    def skip(self, what, reason):
+        self._report(Row(what, skipped=reason))
+
+    def add_row(self, what, tried, short):
+        """A row whose trials were counted elsewhere; `short` counts by what fell short."""
+        row = Row(what, cases=tried, tried=tried)
+        row.short = {text: [""] * number for text, number in short.items() if number}
+        self._report(row)
+
+    def try_each(self, what, cases, trial, share=None, workers=2):
+        """Calls `trial` with the cases, in random order where only a share of the time is theirs."""
+        cases = list(cases)
+        row = Row(what, cases=len(cases))
+        deadline = None
+        if self.seconds is not None and share is not None:
+            deadline = time.monotonic() + self.seconds * share
+            self.random.shuffle(cases)
+        remaining = iter(cases)
+
+        def work(_):
+            found = []
+            for case in remaining:
+                if self.stopped or (deadline is not None and time.monotonic() > deadline):
+                    break
+                found.append((case, trial(case)))
+            return found
+
+        with concurrent.futures.ThreadPoolExecutor(workers) as pool:
+            try:
+                for found in pool.map(work, range(workers)):
+                    for case, verdict in found:
+                        row.add(case, verdict)
+            finally:
+                self.stopped = sys.exc_info()[0] is not None
+        self._report(row)
+
+    def _report(self, row):
+        self.rows.append(row)
+        if row.skipped:
+            print(f"{row.what:<58} skipped: {row.skipped}", flush=True)
+            return
+        print(f"{row.what:<58} {row.tried:>7} {count(row.short):>7} {count(row.described):>10}", flush=True)
+
+    def fell_short(self):
+        return any(row.short for row in self.rows)
+
+    def print_findings(self):
+        for title, kind in (("What fell short", "short"), ("Losses that are described", "described")):
+            rows = [row for row in self.rows if getattr(row, kind)]
+            if rows:
+                print(f"\n{title}:")
+            for row in rows:
+                print(f"  {row.what}")
+                for text, cases in sorted(getattr(row, kind).items(), key=lambda item: -len(item[1])):
+                    some = "; ".join(describe(case) for case in cases[:EXAMPLES])
+                    print(f"    {len(cases)} x {text}\n        {some}" + (" ..." if len(cases) > EXAMPLES else ""))
+
+
+def describe(case):
+    """A case in one line: the names of the things in it, and the words."""
+    if isinstance(case, tuple):
+        return " ".join(filter(None, map(describe, case)))
+    text = str(getattr(case, "name", case))
+    return text if len(text) <= LONGEST else f"{text[:LONGEST]}... ({len(text)} characters)"

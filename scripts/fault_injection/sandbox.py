@@ -1,0 +1,222 @@
+"""A licence set, the scenarios that are run on it, and what each must have recorded."""
+
+import contextlib
+import itertools
+import os
+import shutil
+from dataclasses import dataclass
+
+from process import Outcome, run
+from verdict import Described, Short
+
+LANGUAGES = {
+    "cs": "Czech", "de": "German", "el": "Greek", "en": "English", "es": "Spanish", "fr": "French", "it": "Italian",
+    "ja": "Japanese", "ko": "Korean", "lt": "Lithuanian", "pl": "Polish", "pt": "Portuguese", "ru": "Russian",
+    "sl": "Slovenian", "tr": "Turkish", "zh": "Chinese", "zh_TW": "Chinese_TW",
+}  # fmt: skip
+SHOWN = "de"  # the language of the dialogues; its texts are longer than any buffer
+TERMS, NOTICES = "non_vur_license", "notices"
+
+# What hides a file. Any other error says that it is there and cannot be had.
+HIDING = {"ENOENT", "ENOTDIR", "EACCES", "ELOOP"}
+MEMORY = {"brk", "mmap", "mremap", "munmap", "mprotect"}
+WRITING = {"write", "writev", "pwrite64", "close", "ftruncate", "fsync", "lseek"}
+
+
+@dataclass(frozen=True)
+class Fault:
+    """A call that was made to fail, and the file that it was for."""
+
+    call: str = ""
+    error: str = ""
+    path: str = ""
+
+    @property
+    def name(self):
+        return os.path.basename(self.path)
+
+    def hides(self, name):
+        return self.call.startswith("open") and self.error in HIDING and self.name == name
+
+    def is_on_stream(self, *streams):
+        return any(self.path.startswith(stream) for stream in streams)
+
+
+@dataclass(frozen=True)
+class Scenario:
+    name: str
+    options: tuple = ()
+    answers: str = ""
+    code: int = 9
+    has_earlier_record: bool = False
+    is_dialog: bool = False
+
+
+UNATTENDED = Scenario("unattended", ("-t", "5"))
+ACCEPTING = Scenario("accepting dialogue", answers="4\n\n\nq\n3\n" + "\n" * 30 + "1\n1\n1\n", is_dialog=True)
+DECLINING = Scenario("declining dialogue", answers="\n2\n2\n" + "2\n2\n" * 3, code=3, is_dialog=True)
+REPEATED = Scenario("over an earlier record", answers="2\n2\n" * 3, has_earlier_record=True)
+SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED)
+
+LP = """#!/bin/sh
+# Stands for the print commands: keeps what it was given, and whose it was.
+[ -z "$ZEV_SWAP" ] || setpriv --reuid=65534 --regid=65534 --clear-groups sh -c "$ZEV_SWAP" sh "$1" 2>/dev/null
+mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F' "$1" >"$ZEV_SPOOL/${0##*/}.stat"
+"""
+
+
+def licence_text(kind, code):
+    lines = 110 if code in (SHOWN, TERMS) else 12
+    return "".join(f"{kind} {code} {line:04} of the terms that are to be read in full.\n" for line in range(lines))
+
+
+def copy_of(code):
+    return licence_text("LA", code) + licence_text("LI", code)
+
+
+def is_valid(status):
+    """Whether the bytes are a status file as zev writes it."""
+    lines = status.split(b"\n")
+    return len(lines) == 3 and lines[0].startswith(b"#") and lines[1:] == [b"Status=9", b""]
+
+
+def read(path):
+    """The bytes of a file, or nothing where there is none."""
+    try:
+        with open(path, "rb") as file:
+            return file.read()
+    except (FileNotFoundError, NotADirectoryError):
+        return b""
+
+
+class Sandbox:
+    """Owns a directory below `root` with everything that the runs of one binary need."""
+
+    def __init__(self, root, binary):
+        self.root = root
+        self.binary = binary
+        self.licences = os.path.join(root, "licences")
+        self._numbers = itertools.count()
+        self.write_licences(self.licences)
+        os.makedirs(os.path.join(root, "bin"))
+        for command in ("lp", "lpr"):
+            path = os.path.join(root, "bin", command)
+            with open(path, "w", encoding="ascii") as file:
+                file.write(LP)
+            os.chmod(path, 0o755)
+        self.document = None
+        with self.status() as status:
+            self.run(ACCEPTING, status)
+            self.document = self.printed(status)
+
+    @staticmethod
+    def write_licences(directory):
+        os.makedirs(directory)
+        texts = {f"{kind}_{code}": licence_text(kind, code) for kind in ("LA", "LI") for code in LANGUAGES}
+        texts |= {name: licence_text("terms", name) for name in (TERMS, NOTICES)}
+        for name, text in texts.items():
+            with open(os.path.join(directory, name), "wb") as file:
+                file.write(b"\xfe\xff" + text.encode("utf-16-be"))
+
+    @contextlib.contextmanager
+    def status(self, earlier=False):
+        """A status directory that is not there yet, or that holds an earlier record."""
+        path = os.path.join(self.root, f"status{next(self._numbers)}")
+        try:
+            if earlier:
+                self.run(UNATTENDED, path)
+            yield path
+        finally:
+            shutil.rmtree(path, ignore_errors=True)
+            shutil.rmtree(path + ".spool", ignore_errors=True)
+
+    def environment(self, status, **changes):
+        env = {"LC_ALL": "de_DE.UTF-8", "COLUMNS": "80", "LINES": "24", "ZEV_SPOOL": status + ".spool",
+               "PATH": os.path.join(self.root, "bin") + ":/usr/bin:/bin"}
+        env |= changes
+        return {name: value for name, value in env.items() if value is not None}
+
+    def command(self, scenario, status, licences=None):
+        return [self.binary, "-l", licences or self.licences, "-s", status, *scenario.options]
+
+    def run(self, scenario, status, prefix=(), licences=None, env=None, **options) -> Outcome:
+        command = [*prefix, *self.command(scenario, status, licences)]
+        return run(command, scenario.answers, self.environment(status, **(env or {})), **options)
+
+    def printed(self, status, command="lp"):
+        path = f"{status}.spool/{command}.text"
+        return read(path) if os.path.exists(path) else None
+
+    def has_record(self, status):
+        return is_valid(read(os.path.join(status, "license", "status.dat")))
+
+    def cut_copies(self, status, fault=Fault()):
+        """The names of the copies that are not whole, without those that the fault explains."""
+        cut = []
+        for code, name in LANGUAGES.items():
+            whole = [copy_of(code)] + [licence_text("LA", code)] * fault.hides(f"LI_{code}")
+            if read(os.path.join(status, "license", name + ".txt")).decode(errors="replace") not in whole:
+                cut.append(name + ".txt")
+        for name in (TERMS, NOTICES):
+            copy = read(os.path.join(status, "license", name + ".txt")).decode(errors="replace")
+            if copy != licence_text("terms", name) and not (fault.hides(name) and copy == ""):
+                cut.append(name + ".txt")
+        return cut
+
+    def judge(self, scenario, status, outcome, fault=Fault()):
+        """What falls short in a finished run: a `Short`, or a `Described` loss, or None where all is well."""
+        was_killed = fault.error == "SIGKILL"
+        if outcome.ending == "endless" and fault.call == "read" and fault.is_on_stream("pipe:"):
+            return Described("the end of the answers repeats the last prompt for ever")
+        if outcome.ending != "exit":
+            return Short("hang" if outcome.ending == "hang" else "hang: the prompt is repeated for ever")
+        if outcome.code < 0 and not was_killed:
+            if fault.call in MEMORY:
+                return Described("memory that is refused ends the run")
+            return Short(f"crash: signal {-outcome.code}")
+        if scenario.code == 3 and (outcome.code == 9 or self.has_record(status)):
+            return Short("false acceptance: the user declined")
+        return (self._judge_screen(scenario, outcome, fault) or self._judge_printed(status, fault)
+                or self._judge_record(scenario, status, outcome, fault, was_killed))
+
+    def _judge_screen(self, scenario, outcome, fault):
+        if not scenario.is_dialog or scenario.code == 3:
+            return None
+        lines = [line.strip() for line in outcome.output.decode(errors="replace").splitlines()]
+        terms = licence_text("terms", TERMS).splitlines()
+        # A page is shown again after a detour; what counts is that every line was seen, in order.
+        shown = list(dict.fromkeys(line for line in lines if line.startswith(("LA ", "LI "))))
+        whole = copy_of(SHOWN).splitlines()
+        if fault.hides(f"LI_{SHOWN}"):
+            shown, whole = [line for line in shown if line.startswith("LA ")], licence_text("LA", SHOWN).splitlines()
+        shown_terms = [line for line in lines if line.startswith("terms ")]
+        problem = None
+        if outcome.code == 9 and shown != whole:
+            problem = "false acceptance: the agreement was shown in part"
+        elif shown_terms and shown_terms[: len(terms)] != terms[: len(shown_terms)]:
+            problem = "cut text: the terms were shown in part"
+        if problem and fault.is_on_stream("pipe:"):
+            return Described("what standard output takes is not examined")
+        return Short(problem) if problem else None
+
+    def _judge_printed(self, status, fault):
+        printed = self.printed(status)
+        if printed in (None, self.document) or fault.hides(f"LI_{SHOWN}") or fault.hides(TERMS):
+            return None
+        if fault.name.startswith("zevdoc_"):
+            return Described("a document that cannot be written in full is printed as it is")
+        return Short("cut text: the document was printed in part")
+
+    def _judge_record(self, scenario, status, outcome, fault, was_killed):
+        recorded, cut = self.has_record(status), self.cut_copies(status, fault)
+        if outcome.code == 9 and not recorded:
+            return Short("lost record: exit 9 without a valid status.dat")
+        if was_killed and scenario.has_earlier_record and not recorded:
+            return Short("lost record: a kill left no valid status.dat")
+        must_be_whole = outcome.code == 9 or (recorded and (was_killed or not scenario.has_earlier_record))
+        if not must_be_whole or not cut:
+            return None
+        if set(cut) <= {TERMS + ".txt", NOTICES + ".txt"} and fault.call in WRITING and not fault.name.startswith("L"):
+            return Described("write errors of the copies of terms and notices are not noticed")
+        what = "false acceptance: exit 9" if outcome.code == 9 else "false acceptance: a valid status.dat"
+        return Short(f"{what} beside a copy that is cut")
