@@ -12,6 +12,7 @@ from verdict import Short
 CROWD = 8  # shells that run zev at once
 ROUNDS, RUNS = 20, 16  # rounds of the crowd, runs of each shell in a round
 PATIENCE = 120.0  # seconds for a round
+ASKED = 3  # exit code of a run that asked, since every answer declines
 
 # What the shells of a crowd run on: one directory, the same new ones, each its own new ones.
 ONE, SAME, OWN = '"$0"', '"$0/$runs"', '"$0/$$.$runs"'
@@ -48,13 +49,7 @@ def watched(path, sights):
 def judge_code(code):
     if code == 9:
         return None
-    return Short("asked again though accepted" if code == 3 else f"exit {code} though nothing failed")
-
-
-def judge_record(lab, status):
-    if not lab.sandbox.has_record(status) or lab.sandbox.cut_copies(status):
-        return Short("lost record: what the crowd left is not whole")
-    return None
+    return Short("asked again though accepted" if code == ASKED else f"exit {code} though nothing failed")
 
 
 def try_round(lab, directory, status, *options):
@@ -65,9 +60,12 @@ def try_round(lab, directory, status, *options):
     outcomes = [process.finish(shell, PATIENCE) for shell in crowd]
     if any(outcome.ending != "exit" for outcome in outcomes):
         return Short("hang")
-    verdicts = [judge_code(int(code)) for outcome in outcomes for code in outcome.output.split()]
+    codes = [int(code) for outcome in outcomes for code in outcome.output.split()]
     left = [directory] if status == ONE else [entry.path for entry in os.scandir(directory)]
-    return verdicts + [verdict for path in left if (verdict := judge_record(lab, path))]
+    lost = [path for path in left if not sandbox.has_record(path) or sandbox.cut_copies(path)]
+    if status == OWN:
+        lost = lost[codes.count(ASKED):]  # a run that asked was declined, and has recorded nothing
+    return [judge_code(code) for code in codes] + [Short("lost record: what the crowd left is not whole")] * len(lost)
 
 
 def try_fresh(lab, status, *options):
@@ -77,14 +75,14 @@ def try_fresh(lab, status, *options):
 
 
 def try_all(lab):
-    sights = []
-    with lab.sandbox.status(earlier=True) as status, watched(os.path.join(status, "license", "status.dat"), sights):
-        lab.try_each("many at once, one status directory", range(ROUNDS), lambda _: try_round(lab, status, ONE), 0.06, 1)
-    with lab.sandbox.status(earlier=True) as status:
+    sights, rounds = [], [("round", number) for number in range(ROUNDS)]
+    with lab.sandbox.status(earlier="same") as status, watched(os.path.join(status, "license", "status.dat"), sights):
+        lab.try_each("many at once, one status directory", rounds, lambda _: try_round(lab, status, ONE), 0.06, 1)
+    with lab.sandbox.status(earlier="same") as status:
         master = os.path.join(status, "license")
         with watched(os.path.join(master, "status.dat"), sights):
-            lab.try_each("many at once, one master directory", range(ROUNDS),
+            lab.try_each("many at once, one master directory", rounds,
                          lambda _: try_fresh(lab, OWN, "-m", master), 0.06, 1)
-    lab.try_each("many at once, first runs", range(ROUNDS), lambda _: try_fresh(lab, SAME, *UNATTENDED.options), 0.04, 1)
+    lab.try_each("many at once, first runs", rounds, lambda _: try_fresh(lab, SAME, *UNATTENDED.options), 0.04, 1)
     seen, broken = map(sum, zip(*sights))
     lab.add_row("a reader of status.dat meanwhile", seen, {"half a status.dat was seen": broken})

@@ -67,7 +67,7 @@ def try_umask(lab, case):
 
 def try_descriptors(lab, case):
     scenario, _, number = case
-    with lab.sandbox.status(scenario.has_earlier_record) as status:
+    with lab.sandbox.status(scenario.earlier) as status:
         outcome = lab.sandbox.run(scenario, status, ("prlimit", f"--nofile={number}", "--"))
         return lab.sandbox.judge(scenario, status, outcome)
 

@@ -4,7 +4,7 @@ import statistics
 import time
 
 import process
-from sandbox import REPEATED, UNATTENDED, Fault
+from sandbox import KILL, REPEATED, UNATTENDED
 from verdict import UNTRIED
 
 KILLS = 1500
@@ -18,7 +18,7 @@ def start(lab, scenario, status):
 def usual_time(lab, scenario):
     times = []
     for _ in range(9):
-        with lab.sandbox.status(scenario.has_earlier_record) as status:
+        with lab.sandbox.status(scenario.earlier) as status:
             run = start(lab, scenario, status)
             begin = time.monotonic()
             process.finish(run)
@@ -26,20 +26,18 @@ def usual_time(lab, scenario):
     return statistics.median(times)
 
 
-def try_kill(lab, scenario, moment):
-    with lab.sandbox.status(scenario.has_earlier_record) as status:
+def try_kill(lab, scenario, microseconds):
+    with lab.sandbox.status(scenario.earlier) as status:
         run = start(lab, scenario, status)
-        time.sleep(moment)
-        run.send_signal(9)
+        time.sleep(microseconds / 1e6)
+        run.kill()
         outcome = process.finish(run)
-        if outcome.code != -9:
-            return UNTRIED
-        return lab.sandbox.judge(scenario, status, outcome, Fault(error="SIGKILL"))
+        return lab.sandbox.judge(scenario, status, outcome, KILL) if outcome.code == -9 else UNTRIED
 
 
 def try_all(lab):
     for what, scenario in (("killed at a random moment, first run", UNATTENDED),
                            ("killed at a random moment, over an earlier record", REPEATED)):
-        longest = 1.2 * usual_time(lab, scenario)
-        moments = [f"{lab.random.uniform(0, longest):.6f}" for _ in range(KILLS)]
-        lab.try_each(what, moments, lambda moment: try_kill(lab, scenario, float(moment)), 0.05)
+        longest = int(1.2e6 * usual_time(lab, scenario))
+        moments = [(lab.random.randrange(longest), "microseconds") for _ in range(KILLS)]
+        lab.try_each(what, moments, lambda moment: try_kill(lab, scenario, moment[0]), 0.05)

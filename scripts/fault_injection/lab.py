@@ -27,7 +27,7 @@ class Lab:
     def add_row(self, what, tried, short):
         """A row whose trials were counted elsewhere; `short` counts by what fell short."""
         row = Row(what, cases=tried, tried=tried)
-        row.short = {text: [""] * number for text, number in short.items() if number}
+        row.short = {text: [None] * number for text, number in short.items() if number}
         self._report(row)
 
     def try_each(self, what, cases, trial, share=None, workers=2):
@@ -75,8 +75,9 @@ class Lab:
             for row in rows:
                 print(f"  {row.what}")
                 for text, cases in sorted(getattr(row, kind).items(), key=lambda item: -len(item[1])):
-                    some = "; ".join(describe(case) for case in cases[:EXAMPLES])
-                    print(f"    {len(cases)} x {text}\n        {some}" + (" ..." if len(cases) > EXAMPLES else ""))
+                    print(f"    {len(cases)} x {text}")
+                    for case in filter(None, cases[:EXAMPLES]):
+                        print(f"        {describe(case)}")
 
 
 def describe(case):

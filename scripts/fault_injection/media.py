@@ -1,14 +1,20 @@
 """Files that cannot be read or written in full, without a tracer."""
 
+import itertools
 import os
 import shutil
+from signal import SIGXFSZ
 
 import mounts
-from sandbox import ACCEPTING, LANGUAGES, NOTICES, REPEATED, TERMS, UNATTENDED, Fault, copy_of
+from sandbox import (ACCEPTING, LANGUAGES, NOTICES, REPEATED, REPLACING, SHOWN, TERMS, UNATTENDED, Fault, Scenario,
+                     copy_of)
 
 # In a file's place: memory whose first page cannot be read (an I/O error), or a directory.
 STAND_INS = ("/proc/self/mem", "directory")
 READ = [f"{kind}_{code}" for code in LANGUAGES for kind in ("LA", "LI")] + [TERMS, NOTICES]
+EXTENDING = Scenario("over shorter texts", UNATTENDED.options, earlier="shorter")
+RECORDING = (UNATTENDED, ACCEPTING, REPEATED, REPLACING, EXTENDING)
+FULL = Fault("write", "ENOSPC")
 
 
 def try_unreadable(lab, case):
@@ -30,50 +36,48 @@ def try_unreadable(lab, case):
 
 
 def try_file_size(lab, case):
-    scenario, size, signal, earlier = case
-    prefix = ("prlimit", f"--fsize={size}", "--")
-    if signal == "ignored":
-        prefix = ("env", "--ignore-signal=XFSZ", *prefix)
-    with lab.sandbox.status(earlier == "over a record") as status:
-        outcome = lab.sandbox.run(scenario, status, prefix)
-        if outcome.code == -25:  # SIGXFSZ
-            outcome = outcome._replace(code=15)
-        # What an earlier record holds beside a described failure is described too.
-        return lab.sandbox.judge(REPEATED if earlier else scenario, status, outcome, Fault("write", "EFBIG"))
+    scenario, size, signal = case
+    ignored = ("env", "--ignore-signal=XFSZ") if signal == "ignored" else ()
+    with lab.sandbox.status(scenario.earlier) as status:
+        outcome = lab.sandbox.run(scenario, status, (*ignored, "prlimit", f"--fsize={size}", "--"))
+        was_ended = not ignored and outcome.code == -SIGXFSZ
+        return lab.sandbox.judge(scenario, status, outcome._replace(code=15) if was_ended else outcome, FULL)
 
 
 def try_full(lab, case):
-    scenario, resource, free, earlier = case
+    scenario, resource, free = case
     with lab.sandbox.status() as status:
         os.mkdir(status)
         mounts.mount_tmpfs(status, "mode=0755")
         try:
-            if earlier:
-                lab.sandbox.run(UNATTENDED, status)
+            if scenario.earlier:
+                lab.sandbox.record(status, scenario.earlier)
             used = os.statvfs(status)
             blocks, files = used.f_blocks - used.f_bfree, used.f_files - used.f_ffree
             limit = f"size={(blocks + free) * mounts.PAGE}" if resource == "pages" else f"nr_inodes={files + free}"
             mounts.remount_tmpfs(status, limit)
-            outcome = lab.sandbox.run(scenario, status)
-            return lab.sandbox.judge(REPEATED if earlier else scenario, status, outcome, Fault("write", "ENOSPC"))
+            return lab.sandbox.judge(scenario, status, lab.sandbox.run(scenario, status), FULL)
         finally:
             mounts.unmount(status)
 
 
+def try_memory(lab, case):
+    scenario, mebibytes, _ = case
+    with lab.sandbox.status(scenario.earlier) as status:
+        outcome = lab.sandbox.run(scenario, status, ("prlimit", f"--as={mebibytes << 20}", "--"))
+        return lab.sandbox.judge(scenario, status, outcome, Fault("brk", "ENOMEM"))
+
+
 def try_all(lab):
-    files = [(ACCEPTING, name, stand_in) for name in READ for stand_in in STAND_INS]
-    files += [(UNATTENDED, name, stand_in) for name in READ for stand_in in STAND_INS]
-    lab.try_each("a file that cannot be read, or a directory in its place", files, lambda case: try_unreadable(lab, case), 0.04)
-
-    largest = max(len(copy_of(code)) for code in LANGUAGES) + 2
-    earlier = ("", "over a record")
-    sizes = [(UNATTENDED, size, signal, record)
-             for size in range(largest) for signal in ("ignored", "default") for record in earlier]
+    unreadable = itertools.product((ACCEPTING, UNATTENDED), READ, STAND_INS)
+    lab.try_each("a file that cannot be read, or a directory in its place", unreadable,
+                 lambda case: try_unreadable(lab, case), 0.04)
+    sizes = itertools.product(RECORDING, range(len(copy_of(SHOWN)) + 2), ("ignored", "not ignored"))
     lab.try_each("file size limit", sizes, lambda case: try_file_size(lab, case), 0.05)
-
-    if not lab.no_mounts:
-        full = [(scenario, resource, free, record) for scenario in (UNATTENDED, ACCEPTING)
-                for resource in ("pages", "inodes") for free in range(1, 40) for record in earlier]
-        lab.try_each("full file system", full, lambda case: try_full(lab, case), 0.05)
-    else:
+    if lab.no_mounts:
         lab.skip("full file system", lab.no_mounts)
+    else:
+        full = itertools.product(RECORDING, ("pages", "inodes"), range(1, 40))
+        lab.try_each("full file system", full, lambda case: try_full(lab, case), 0.05)
+    memory = itertools.product((ACCEPTING, UNATTENDED), range(1, 64), ("MiB",))
+    lab.try_each("limit of memory", memory, lambda case: try_memory(lab, case), 0.02)

@@ -42,21 +42,25 @@ class Fault:
         return any(self.path.startswith(stream) for stream in streams)
 
 
+KILL = Fault(error="SIGKILL")
+
+
 @dataclass(frozen=True)
 class Scenario:
     name: str
     options: tuple = ()
     answers: str = ""
     code: int = 9
-    has_earlier_record: bool = False
+    earlier: str = ""  # the texts of an earlier record: the same, longer or shorter ones
     is_dialog: bool = False
 
 
 UNATTENDED = Scenario("unattended", ("-t", "5"))
 ACCEPTING = Scenario("accepting dialogue", answers="4\n\n\nq\n3\n" + "\n" * 30 + "1\n1\n1\n", is_dialog=True)
 DECLINING = Scenario("declining dialogue", answers="\n2\n2\n" + "2\n2\n" * 3, code=3, is_dialog=True)
-REPEATED = Scenario("over an earlier record", answers="2\n2\n" * 3, has_earlier_record=True)
-SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED)
+REPEATED = Scenario("over an earlier record", answers="2\n2\n" * 3, earlier="same")
+REPLACING = Scenario("over longer texts", ("-t", "5"), earlier="longer")
+SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED, REPLACING)
 
 LP = """#!/bin/sh
 # Stands for the print commands: keeps what it was given, and whose it was.
@@ -65,8 +69,11 @@ mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F
 """
 
 
-def licence_text(kind, code):
-    lines = 110 if code in (SHOWN, TERMS) else 12
+SCALES = {"same": 1, "longer": 2, "shorter": 0.5}
+
+
+def licence_text(kind, code, length="same"):
+    lines = int((110 if code in (SHOWN, TERMS) else 12) * SCALES[length])
     return "".join(f"{kind} {code} {line:04} of the terms that are to be read in full.\n" for line in range(lines))
 
 
@@ -95,9 +102,10 @@ class Sandbox:
     def __init__(self, root, binary):
         self.root = root
         self.binary = binary
-        self.licences = os.path.join(root, "licences")
+        self.licences = os.path.join(root, "same")
         self._numbers = itertools.count()
-        self.write_licences(self.licences)
+        for length in SCALES:
+            self.write_licences(os.path.join(root, length), length)
         os.makedirs(os.path.join(root, "bin"))
         for command in ("lp", "lpr"):
             path = os.path.join(root, "bin", command)
@@ -110,25 +118,28 @@ class Sandbox:
             self.document = self.printed(status)
 
     @staticmethod
-    def write_licences(directory):
+    def write_licences(directory, length):
         os.makedirs(directory)
-        texts = {f"{kind}_{code}": licence_text(kind, code) for kind in ("LA", "LI") for code in LANGUAGES}
-        texts |= {name: licence_text("terms", name) for name in (TERMS, NOTICES)}
+        texts = {f"{kind}_{code}": (kind, code) for kind in ("LA", "LI") for code in LANGUAGES}
+        texts |= {name: ("terms", name) for name in (TERMS, NOTICES)}
         for name, text in texts.items():
             with open(os.path.join(directory, name), "wb") as file:
-                file.write(b"\xfe\xff" + text.encode("utf-16-be"))
+                file.write(b"\xfe\xff" + licence_text(*text, length).encode("utf-16-be"))
 
     @contextlib.contextmanager
-    def status(self, earlier=False):
-        """A status directory that is not there yet, or that holds an earlier record."""
+    def status(self, earlier=""):
+        """A status directory that is not there yet, or that holds an earlier record of texts of that length."""
         path = os.path.join(self.root, f"status{next(self._numbers)}")
         try:
             if earlier:
-                self.run(UNATTENDED, path)
+                self.record(path, earlier)
             yield path
         finally:
             shutil.rmtree(path, ignore_errors=True)
             shutil.rmtree(path + ".spool", ignore_errors=True)
+
+    def record(self, status, length):
+        self.run(UNATTENDED, status, licences=os.path.join(self.root, length))
 
     def environment(self, status, **changes):
         env = {"LC_ALL": "de_DE.UTF-8", "COLUMNS": "80", "LINES": "24", "ZEV_SPOOL": status + ".spool",
@@ -165,7 +176,7 @@ class Sandbox:
 
     def judge(self, scenario, status, outcome, fault=Fault()):
         """What falls short in a finished run: a `Short`, or a `Described` loss, or None where all is well."""
-        was_killed = fault.error == "SIGKILL"
+        was_killed = fault == KILL
         if outcome.ending == "endless" and fault.call == "read" and fault.is_on_stream("pipe:"):
             return Described("the end of the answers repeats the last prompt for ever")
         if outcome.ending != "exit":
@@ -203,7 +214,7 @@ class Sandbox:
         printed = self.printed(status)
         if printed in (None, self.document) or fault.hides(f"LI_{SHOWN}") or fault.hides(TERMS):
             return None
-        if fault.name.startswith("zevdoc_"):
+        if fault.call in WRITING and (not fault.path or fault.name.startswith("zevdoc_")):
             return Described("a document that cannot be written in full is printed as it is")
         return Short("cut text: the document was printed in part")
 
@@ -211,12 +222,14 @@ class Sandbox:
         recorded, cut = self.has_record(status), self.cut_copies(status, fault)
         if outcome.code == 9 and not recorded:
             return Short("lost record: exit 9 without a valid status.dat")
-        if was_killed and scenario.has_earlier_record and not recorded:
+        if was_killed and scenario.earlier and not recorded:
             return Short("lost record: a kill left no valid status.dat")
-        must_be_whole = outcome.code == 9 or (recorded and (was_killed or not scenario.has_earlier_record))
+        # A described failure leaves an earlier status file, and so does a kill among texts that have changed.
+        unchanged = not scenario.earlier or (was_killed and scenario.earlier == "same")
+        must_be_whole = outcome.code == 9 or (recorded and unchanged)
         if not must_be_whole or not cut:
             return None
-        if set(cut) <= {TERMS + ".txt", NOTICES + ".txt"} and fault.call in WRITING and not fault.name.startswith("L"):
+        if set(cut) <= {TERMS + ".txt", NOTICES + ".txt"} and fault.call in WRITING:
             return Described("write errors of the copies of terms and notices are not noticed")
         what = "false acceptance: exit 9" if outcome.code == 9 else "false acceptance: a valid status.dat"
         return Short(f"{what} beside a copy that is cut")

@@ -3,7 +3,7 @@
 import os
 import re
 
-from sandbox import SCENARIOS, Fault
+from sandbox import KILL, SCENARIOS, Fault
 from verdict import UNTRIED
 
 ERRORS = {
@@ -41,7 +41,7 @@ def trace(lab, scenario, status, *options):
 
 
 def calls_of(lab, scenario):
-    with lab.sandbox.status(scenario.has_earlier_record) as status:
+    with lab.sandbox.status(scenario.earlier) as status:
         _, log = trace(lab, scenario, status)
     return re.findall(r"^(\w+)\(", log, re.MULTILINE)
 
@@ -58,33 +58,31 @@ def cases_of(lab, scenario):
 def try_call(lab, case):
     scenario, call, number, error = case
     kind = "signal" if error.startswith("SIG") else "error"
-    with lab.sandbox.status(scenario.has_earlier_record) as status:
+    with lab.sandbox.status(scenario.earlier) as status:
         outcome, log = trace(lab, scenario, status, "-e", f"trace={call}", "-e",
                              f"inject={call}:{kind}={error}:when={number}")
-        path = ""
-        if kind == "error":
-            injected = INJECTED.search(log)
-            if not injected:
-                return UNTRIED
-            path = injected[1] or injected[2] or ""
-        elif outcome.code != -9:
+        if kind == "signal":
+            return lab.sandbox.judge(scenario, status, outcome, KILL) if outcome.code == -9 else UNTRIED
+        injected = INJECTED.search(log)
+        if not injected:
             return UNTRIED
-        return lab.sandbox.judge(scenario, status, outcome, Fault(call, error, path))
+        return lab.sandbox.judge(scenario, status, outcome, Fault(call, error, injected[1] or injected[2] or ""))
+
+
+KINDS = {"n-th call fails": 0.7, "no descriptor for the n-th open": 0.15, "killed at the n-th call": 0.15}
 
 
 def kind_of(case):
-    error = case[3]
-    return "killed at the n-th call" if error == "SIGKILL" else \
-        "no descriptor for the n-th open" if error in ("EMFILE", "ENFILE") else "n-th call fails"
+    failing, no_descriptor, killed = KINDS
+    return {"SIGKILL": killed, "EMFILE": no_descriptor, "ENFILE": no_descriptor}.get(case[3], failing)
 
 
 def try_all(lab):
-    for scenario, share in zip(SCENARIOS, (0.13, 0.15, 0.04, 0.08)):
+    for scenario, share in zip(SCENARIOS, (0.1, 0.12, 0.04, 0.07, 0.07)):
         cases = list(cases_of(lab, scenario))
-        for kind, part in (("n-th call fails", 0.7), ("no descriptor for the n-th open", 0.15), ("killed at the n-th call", 0.15)):
-            what = f"{kind}, {scenario.name}"
-            if not cases:
-                lab.skip(what, "strace cannot trace here")
-                continue
+        for kind, part in KINDS.items():
             chosen = [case for case in cases if kind_of(case) == kind]
-            lab.try_each(what, chosen, lambda case: try_call(lab, case), share * part)
+            if cases:
+                lab.try_each(f"{kind}, {scenario.name}", chosen, lambda case: try_call(lab, case), share * part)
+            else:
+                lab.skip(f"{kind}, {scenario.name}", "strace cannot trace here")
