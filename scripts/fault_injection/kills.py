@@ -7,7 +7,7 @@ import process
 from sandbox import KILL, REPEATED, UNATTENDED
 from verdict import UNTRIED
 
-KILLS = 1500
+KILLS = 2500  # some runs end before
 
 
 def start(lab, scenario, status):
@@ -38,6 +38,6 @@ def try_kill(lab, scenario, microseconds):
 def try_all(lab):
     for what, scenario in (("killed at a random moment, first run", UNATTENDED),
                            ("killed at a random moment, over an earlier record", REPEATED)):
-        longest = int(1.2e6 * usual_time(lab, scenario))
+        longest = int(0.8e6 * usual_time(lab, scenario))
         moments = [(lab.random.randrange(longest), "microseconds") for _ in range(KILLS)]
         lab.try_each(what, moments, lambda moment: try_kill(lab, scenario, moment[0]), 0.05)

@@ -173,6 +173,7 @@ def try_attack(lab, case):
         go, run = start_waiting(lab, status, victim, umask=attack.umask,
                                 env=lab.sandbox.environment(status, ZEV_SWAP=attack.later))
         scene = Scene(status, victim, f"/tmp/zevdoc_{run.pid}_{SHOWN}.text")
+        remove(scene.document)  # of an earlier run with this process id
         attacker = attack.plant(scene)
         try:
             with open(go, "w", encoding="ascii") as pipe:

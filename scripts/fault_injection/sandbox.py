@@ -63,11 +63,11 @@ REPLACING = Scenario("over longer texts", ("-t", "5"), earlier="longer")
 SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED, REPLACING)
 
 LP = """#!/bin/sh
-# Stands for the print commands: keeps what it was given, and whose it was.
+# Stands for the print commands: keeps what it was given, and whose it was, and makes room for the next.
 [ -z "$ZEV_SWAP" ] || setpriv --reuid=65534 --regid=65534 --clear-groups sh -c "$ZEV_SWAP" sh "$1" 2>/dev/null
-mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F' "$1" >"$ZEV_SPOOL/${0##*/}.stat"
+mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F' "$1" >"$ZEV_SPOOL/${0##*/}.stat" &&
+    rm -f "$1"
 """
-
 
 SCALES = {"same": 1, "longer": 2, "shorter": 0.5}
 
@@ -169,8 +169,9 @@ class Sandbox:
             if read(os.path.join(status, "license", name + ".txt")).decode(errors="replace") not in whole:
                 cut.append(name + ".txt")
         for name in (TERMS, NOTICES):
+            # Where the source is absent, nothing is copied, and an earlier copy stays.
             copy = read(os.path.join(status, "license", name + ".txt")).decode(errors="replace")
-            if copy != licence_text("terms", name) and not (fault.hides(name) and copy == ""):
+            if copy != licence_text("terms", name) and not fault.hides(name):
                 cut.append(name + ".txt")
         return cut
 
