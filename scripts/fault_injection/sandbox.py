@@ -63,10 +63,10 @@ REPLACING = Scenario("over longer texts", ("-t", "5"), earlier="longer")
 SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED, REPLACING)
 
 LP = """#!/bin/sh
-# Stands for the print commands: keeps what it was given, and whose it was, and makes room for the next.
+# Stands for the print commands: keeps what it was given, and whose it was.
 [ -z "$ZEV_SWAP" ] || setpriv --reuid=65534 --regid=65534 --clear-groups sh -c "$ZEV_SWAP" sh "$1" 2>/dev/null
 mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F' "$1" >"$ZEV_SPOOL/${0##*/}.stat" &&
-    rm -f "$1"
+    echo "$1" >"$ZEV_SPOOL/document"
 """
 
 SCALES = {"same": 1, "longer": 2, "shorter": 0.5}
@@ -135,8 +135,10 @@ class Sandbox:
                 self.record(path, earlier)
             yield path
         finally:
-            shutil.rmtree(path, ignore_errors=True)
-            shutil.rmtree(path + ".spool", ignore_errors=True)
+            with contextlib.suppress(OSError):
+                os.remove(read(path + ".spool/document").decode().rstrip("\n"))
+            for directory in (path, path + ".spool"):
+                shutil.rmtree(directory, ignore_errors=True)
 
     def record(self, status, length):
         self.run(UNATTENDED, status, licences=os.path.join(self.root, length))
