@@ -18,7 +18,7 @@ import mounts
 import other_users
 import traced_calls
 from lab import Lab
-from sandbox import SCENARIOS, Sandbox
+from sandbox import SCENARIOS, Sandbox, remove_documents
 
 QUICK = 50  # seconds
 GROUPS = {
@@ -56,7 +56,8 @@ def check_undisturbed(sandbox):
 def main():
     options = parse()
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit("zev: ended from outside."))
+    for ending in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(ending, lambda number, _: sys.exit(128 + number))
     with open(options.binary, "rb") as source:
         refusal = mounts.take_own_tmp()
         root = tempfile.mkdtemp(prefix="zev-faults-", dir="/tmp")
@@ -64,6 +65,7 @@ def main():
             return try_on(root, source, options, refusal)
         finally:
             shutil.rmtree(root, ignore_errors=True)
+            remove_documents()
 
 
 def try_on(root, source, options, refusal):

@@ -1,14 +1,14 @@
 """Many runs at once on one status directory or one master directory, and somebody who watches."""
 
 import contextlib
+import multiprocessing
 import os
-import subprocess
-import sys
 
 import process
-from sandbox import UNATTENDED
+from sandbox import UNATTENDED, is_valid, read
 from verdict import Short
 
+FORK = multiprocessing.get_context("fork")
 CROWD = 8  # shells that run zev at once
 ROUNDS, RUNS = 20, 16  # rounds of the crowd, runs of each shell in a round
 PATIENCE = 120.0  # seconds for a round
@@ -23,27 +23,29 @@ for runs in $(seq {runs}); do
 done
 """
 
-# Reads a file until its input is closed, and says how often it was read and how often it was not a status file.
-WATCHER = """
-import select, sys
-from sandbox import is_valid, read
-sights = broken = 0
-while not select.select([0], [], [], 0)[0]:
-    sights += 1
-    broken += not is_valid(read(sys.argv[1]))
-print(sights, broken)
-"""
+
+def watch(path, stopped, result):
+    """Reads a status file until it is stopped; sends how often it did, and how often what it read was none."""
+    sights = broken = 0
+    while not stopped.is_set():
+        sights += 1
+        broken += not is_valid(read(path))
+    result.send((sights, broken))
 
 
 @contextlib.contextmanager
 def watched(path, sights):
-    """Watches a status file, and appends the number of sights and of the broken ones among them to `sights`."""
-    watcher = subprocess.Popen([sys.executable, "-B", "-c", WATCHER, path], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                               env={"PYTHONPATH": os.path.dirname(__file__)})
+    """Has a status file watched, and appends the number of sights and of the broken ones among them to `sights`."""
+    stopped, (result, sender) = FORK.Event(), FORK.Pipe(duplex=False)
+    watcher = FORK.Process(target=watch, args=(path, stopped, sender), daemon=True)
+    watcher.start()
+    sender.close()
     try:
         yield
     finally:
-        sights.append(tuple(map(int, watcher.communicate()[0].split())))
+        stopped.set()
+        sights.append(result.recv())
+        watcher.join()
 
 
 def judge_code(code):

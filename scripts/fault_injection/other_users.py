@@ -173,9 +173,10 @@ def try_attack(lab, case):
         go, run = start_waiting(lab, status, victim, umask=attack.umask,
                                 env=lab.sandbox.environment(status, ZEV_SWAP=attack.later))
         scene = Scene(status, victim, f"/tmp/zevdoc_{run.pid}_{SHOWN}.text")
-        remove(scene.document)  # of an earlier run with this process id
-        attacker = attack.plant(scene)
+        attacker = None
         try:
+            remove(scene.document)  # of an earlier run with this process id
+            attacker = attack.plant(scene)
             with open(go, "w", encoding="ascii") as pipe:
                 pipe.write("go\n")
             return judge(lab, status, scene, process.finish(run, HANG))

@@ -1,6 +1,7 @@
 """A licence set, the scenarios that are run on it, and what each must have recorded."""
 
 import contextlib
+import glob
 import itertools
 import os
 import shutil
@@ -18,7 +19,7 @@ SHOWN = "de"  # the language of the dialogues; its texts are longer than any buf
 TERMS, NOTICES = "non_vur_license", "notices"
 
 # What hides a file. Any other error says that it is there and cannot be had.
-HIDING = {"ENOENT", "ENOTDIR", "EACCES", "ELOOP"}
+HIDING = {"ENOENT", "EACCES"}
 MEMORY = {"brk", "mmap", "mremap", "munmap", "mprotect"}
 WRITING = {"write", "writev", "pwrite64", "close", "ftruncate", "fsync", "lseek"}
 
@@ -94,6 +95,14 @@ def read(path):
             return file.read()
     except (FileNotFoundError, NotADirectoryError):
         return b""
+
+
+def remove_documents():
+    """Removes what runs that were cut short have left in a /tmp that is everybody's."""
+    for path in glob.glob(f"/tmp/zevdoc_*_{SHOWN}.text"):
+        with contextlib.suppress(OSError):
+            if read(path).startswith(copy_of(SHOWN)[:40].encode()):
+                os.remove(path)
 
 
 class Sandbox:
@@ -215,7 +224,8 @@ class Sandbox:
 
     def _judge_printed(self, status, fault):
         printed = self.printed(status)
-        if printed in (None, self.document) or fault.hides(f"LI_{SHOWN}") or fault.hides(TERMS):
+        # Without one of its files the document is a shorter one, or that of the other language.
+        if printed in (None, self.document) or any(fault.hides(name) for name in (f"LA_{SHOWN}", f"LI_{SHOWN}", TERMS)):
             return None
         if fault.call in WRITING and (not fault.path or fault.name.startswith("zevdoc_")):
             return Described("a document that cannot be written in full is printed as it is")
