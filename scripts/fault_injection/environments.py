@@ -1,6 +1,9 @@
 """Odd environments: standard streams, variables, descriptors, signals, locale values."""
 
-from sandbox import ACCEPTING, REPEATED, UNATTENDED, Fault, Scenario
+import dataclasses
+import os
+
+from sandbox import ACCEPTING, REPEATED, UNATTENDED, Fault, Scenario, read
 from verdict import Short
 
 # Redirections of a run that needs its answers, and of one that needs none.
@@ -19,6 +22,7 @@ VARIABLES = {
 }  # fmt: skip
 
 SHORT_DIALOG = Scenario("short dialogue", answers="1\n" * 3)
+LOGGED = dataclasses.replace(ACCEPTING, options=("-cmdlog", "{status}/answers"))
 SCREEN_LOST = Fault("write", path="pipe:")
 LOCALES = 3000
 
@@ -47,6 +51,8 @@ def try_streams(lab, case):
     scenario, redirections = case
     with lab.sandbox.status() as status:
         outcome = lab.sandbox.run(scenario, status, ("sh", "-c", f'exec "$@" {redirections}', "sh"))
+        if not scenario.answers.startswith(read(os.path.join(status, "answers")).decode()):
+            return Short("a file of the run was taken for a standard stream")
         return ends_well(outcome, lab.sandbox.judge(scenario, status, outcome, SCREEN_LOST))
 
 
@@ -91,7 +97,7 @@ def try_locale(lab, case):
 
 def try_all(lab):
     runs = (UNATTENDED, ACCEPTING)
-    streams = [(UNATTENDED, stream) for stream in (*ANSWERLESS, *STREAMS)] + [(ACCEPTING, stream) for stream in STREAMS]
+    streams = [(UNATTENDED, stream) for stream in (*ANSWERLESS, *STREAMS)] + [(LOGGED, stream) for stream in STREAMS]
     lab.try_each("closed, full and odd standard streams", streams, lambda case: try_streams(lab, case))
     variables = [(scenario, name, value) for scenario in runs for name, values in VARIABLES.items() for value in values]
     lab.try_each("odd variables", variables, lambda case: try_variable(lab, case), 0.05)

@@ -26,14 +26,14 @@ class Lab:
 
     def add_row(self, what, tried, short):
         """A row whose trials were counted elsewhere; `short` counts by what fell short."""
-        row = Row(what, cases=tried, tried=tried)
+        row = Row(what, tried)
         row.short = {text: [None] * number for text, number in short.items() if number}
         self._report(row)
 
     def try_each(self, what, cases, trial, share=None, workers=2):
         """Calls `trial` with the cases, in random order where only a share of the time is theirs."""
         cases = list(cases)
-        row = Row(what, cases=len(cases))
+        row = Row(what)
         deadline = None
         if self.seconds is not None and share is not None:
             deadline = time.monotonic() + self.seconds * share

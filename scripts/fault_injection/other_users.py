@@ -141,8 +141,8 @@ def judge_document(lab, status, scene):
     owner, mode, kind = read(status + ".spool/lp.stat").decode().split(" ", 2)
     if int(owner) != scene.victim or not kind.startswith("regular"):
         return f"the document was not the victim's own: {kind.strip()} of uid {owner}"
-    if int(mode, 8) & 0o022:
-        return f"others could write to the document: mode {mode}"
+    if int(mode, 8) & 0o077:
+        return f"the document was open to others: mode {mode}"
     return None if printed == lab.sandbox.document else "something else was printed"
 
 

@@ -159,7 +159,8 @@ class Sandbox:
         return {name: value for name, value in env.items() if value is not None}
 
     def command(self, scenario, status, licences=None):
-        return [self.binary, "-l", licences or self.licences, "-s", status, *scenario.options]
+        options = [option.replace("{status}", status) for option in scenario.options]
+        return [self.binary, "-l", licences or self.licences, "-s", status, *options]
 
     def run(self, scenario, status, prefix=(), licences=None, env=None, **options) -> Outcome:
         command = [*prefix, *self.command(scenario, status, licences)]

@@ -17,7 +17,6 @@ UNTRIED = object()  # the fault did not come about
 @dataclass
 class Row:
     what: str
-    cases: int = 0
     tried: int = 0
     short: dict = field(default_factory=dict)  # what fell short: the cases in which it did
     described: dict = field(default_factory=dict)
