@@ -1,0 +1,62 @@
+// The bytes of an agreement become lines: loaded as ICU decodes them in one piece, and broken as by the plain algorithm,
+// in every language and at every width.
+// Input: a byte for the language (its highest bit for English rules), a byte for the width, the file.
+
+#include <iterator>
+
+#include "files/license_text_set.h"
+#include "lang/environment_locale.h"
+#include "lang/languages.h"
+#include "lang/locale_choice.h"
+#include "plain_breaking.h"
+#include "support.h"
+#include "support/sandbox.h"
+
+namespace zev::fuzz {
+namespace {
+
+constexpr const char* codes[]{
+#define CODE(code, ...) #code,
+    ZEV_LANGUAGES(CODE)
+#undef CODE
+};
+
+/// A licence directory whose agreements are all one file.
+struct Licenses {
+    Licenses() {
+        for (const std::string code : codes) {
+            sandbox.link("licenses/LA_" + code, agreement.path());
+            sandbox.remove("licenses/LI_" + code);
+        }
+    }
+    const test::Sandbox sandbox;
+    const MemoryFile agreement;
+};
+
+void checkLines(Input input) {
+    static const Licenses licenses;
+    const unsigned choice = input.byte();
+    const int32_t width = 1 + input.byte();
+    licenses.agreement.write(input.rest());
+
+    setenv("LC_ALL", codes[(choice & 0x7F) % std::size(codes)], 1);
+    adoptEnvironmentLocale();
+    RunContext context = createRunContext(licenses.sandbox.path("licenses"), "", 4);
+    icu::UnicodeString text;
+    require(readLicenseText(context, text), "the agreement can be loaded");
+    require(text == icu::UnicodeString(decoded(input.rest()).getTerminatedBuffer()), "loaded as decoded in one piece");
+
+    LicenseDialog dialog(context);
+    if (choice > 0x7F) dialog.currentLocale = &dialog.englishLocale;
+    const auto lines = breakText(dialog, text, width);
+    const TextLines expected = breakPlainly(dialog, text, width);
+    require(lines ? *lines == expected : expected.empty(), "broken as by the plain algorithm");
+}
+
+}  // namespace
+}  // namespace zev::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
+    zev::fuzz::checkLines({data, size});
+    return 0;
+}
