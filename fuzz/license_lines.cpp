@@ -1,6 +1,6 @@
-// The bytes of an agreement become lines: loaded as ICU decodes them in one piece, and broken as by the plain algorithm,
-// in every language and at every width.
-// Input: a byte for the language (its highest bit for English rules), a byte for the width, the file.
+// The bytes of an agreement become lines: loaded as ICU decodes them in one piece, and broken as by the plain
+// algorithm, in every language and at every width. Input: a byte for the language (its highest bit for English rules),
+// a byte for the width, the file.
 
 #include <iterator>
 

@@ -7,11 +7,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <ios>
 #include <string>
 #include <string_view>
 
-/// What the fuzz targets share. Each target is one translation unit with libFuzzer's entry point and holds what zev does
-/// against a second opinion.
+/// What the fuzz targets share. Each target is one translation unit with libFuzzer's entry point and holds what zev
+/// does against a second opinion.
 namespace zev::fuzz {
 
 /// Ends the process where `holds` is false. libFuzzer then saves the input.
@@ -70,13 +71,26 @@ public:
         return bytes;
     }
     void write(std::string_view bytes) const {
-        const bool written = ftruncate(descriptor_, 0) == 0 &&
-                             pwrite(descriptor_, bytes.data(), bytes.size(), 0) == std::ssize(bytes);
+        const bool written =
+            ftruncate(descriptor_, 0) == 0 && pwrite(descriptor_, bytes.data(), bytes.size(), 0) == std::ssize(bytes);
         require(written, "a file in memory can be written");
     }
 
 private:
     int descriptor_;
+};
+
+/// Sends a stream elsewhere for a while.
+class Redirection {
+public:
+    Redirection(std::ios& stream, std::streambuf& target) : stream_(stream), former_(stream.rdbuf(&target)) {}
+    ~Redirection() { stream_.rdbuf(former_); }
+    Redirection(const Redirection&) = delete;
+    Redirection& operator=(const Redirection&) = delete;
+
+private:
+    std::ios& stream_;
+    std::streambuf* former_;
 };
 
 /// The text of a licence file, decoded in one piece.

@@ -34,6 +34,10 @@ has_cmake() {
         [ "$(printf '3.25\n%s\n' "$version" | sort -V | head -n 1)" = 3.25 ]
 }
 
+has_fuzzer() {
+    ls "$(clang++ -print-runtime-dir)"/libclang_rt.fuzzer*
+}
+
 # What the build needs, a line each: the test for it | Debian's package | its name for people on other systems.
 build_needs='
 command -v c++ | g++ | a C++20 compiler (g++ 12 or clang 14, or newer)
@@ -44,6 +48,9 @@ has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and 
 test_needs='
 has_header gtest/gtest.h | libgtest-dev | GoogleTest
 has_header gmock/gmock.h | libgmock-dev | GoogleMock'
+fuzz_needs='
+command -v clang++ | clang | clang 14 or newer
+has_fuzzer | libclang-rt-dev | clang'"'"'s runtime libraries with libFuzzer'
 
 # missing NEEDS FIELD: that field of the needs that are not there.
 missing() {
