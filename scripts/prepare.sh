@@ -48,9 +48,6 @@ has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and 
 test_needs='
 has_header gtest/gtest.h | libgtest-dev | GoogleTest
 has_header gmock/gmock.h | libgmock-dev | GoogleMock'
-fuzz_needs='
-command -v clang++ | clang | clang 14 or newer
-has_fuzzer | libclang-rt-dev | clang'"'"'s runtime libraries with libFuzzer'
 
 # missing NEEDS FIELD: that field of the needs that are not there.
 missing() {

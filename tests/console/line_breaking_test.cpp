@@ -1,12 +1,11 @@
 #include "console/line_breaking.h"
 
 #include <gtest/gtest.h>
-#include <unicode/brkiter.h>
 
 #include <random>
 
 #include "app/run_options.h"
-#include "console/license_dialog.h"
+#include "fuzz/plain_breaking.h"
 #include "lang/environment_locale.h"
 #include "lang/locale_choice.h"
 
@@ -36,33 +35,6 @@ struct Speaker {
     RunContext context;
     LicenseDialog dialog;
 };
-
-/// The algorithm in its plainest form, which measures and searches everything anew at every step.
-TextLines breakPlainly(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::BreakIterator> iterator(
-        icu::BreakIterator::createLineInstance(*dialog.currentLocale, status));
-    iterator->setText(text);
-    TextLines lines;
-    int32_t start = iterator->first(), end = start, nextPos = iterator->next();
-    const auto add = [&](int32_t to) { lines.push_back(icu::UnicodeString(text, start, to - start) + u'\n'); };
-    while (end != icu::BreakIterator::DONE) {
-        const icu::UnicodeString candidate(text, start, nextPos - start);
-        if (const int32_t newline = text.indexOf(u'\n', start, end - start); newline >= 0) {
-            add(newline);
-            start = end = newline + 1;
-        } else if (displayWidth(dialog, candidate) < width) {
-            end = nextPos;
-            nextPos = iterator->next();
-        } else {
-            if (start == end) end = start + width;
-            add(end);
-            start = end;
-        }
-    }
-    if (iterator->last() > start) add(iterator->last());
-    return lines;
-}
 
 TEST(LineBreaking, keepsLinesNarrowerThanTheWidth) {
     const Speaker english("en_US");
