@@ -30,8 +30,8 @@ GROUPS = {
 def parse():
     parser = argparse.ArgumentParser(
         prog="scripts/faults", description=__doc__,
-        epilog="Without a bound every case is tried, which takes about ten minutes. Exits with 1 if anything fell short.")
-    parser.add_argument("binary", metavar="BINARY", help="the zev to try; that of the release build where none is named")
+        epilog="Without a bound every case is tried, in about ten minutes. Exits with 1 if anything fell short.")
+    parser.add_argument("binary", metavar="BINARY", help="the zev to try; that of the release build if none is named")
     bound = parser.add_mutually_exclusive_group()
     bound.add_argument("--quick", action="store_const", const=QUICK, dest="seconds", help=f"as --seconds {QUICK}")
     bound.add_argument("--seconds", type=float, help="about as long, on cases chosen at random")

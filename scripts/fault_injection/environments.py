@@ -2,13 +2,15 @@
 
 import dataclasses
 import os
+from itertools import product
 
 from sandbox import ACCEPTING, REPEATED, UNATTENDED, Fault, Scenario, read
 from verdict import Short
 
 # Redirections of a run that needs its answers, and of one that needs none.
 STREAMS = (">&-", "2>&-", ">&- 2>&-", ">/dev/full", ">/dev/full 2>/dev/full", ">/dev/null", "1</dev/null", "1</")
-ANSWERLESS = ("<&-", "<&- >&-", "<&- >&- 2>&-", "</dev/full >/dev/full", "<&- >/dev/full", "</", "</dev/zero", "0>/dev/null")
+ANSWERLESS = ("<&-", "<&- >&-", "<&- >&- 2>&-", "</dev/full >/dev/full", "<&- >/dev/full", "</", "</dev/zero",
+              "0>/dev/null")
 
 PATHS = (None, "", "/", "/nowhere", "/dev/zero", "x" * 5000)
 SIZES = ("", "0", "-1", "1", "2", "abc", "9" * 30, "99999")
@@ -17,7 +19,7 @@ VARIABLES = {
            "<" + "x" * 60 + ">0"),
     "COLUMNS": SIZES, "LINES": SIZES,
     **dict.fromkeys(("ICU_DATA", "ICU_TIMEZONE_FILES_DIR", "ICU_PLUGINS", "HOME", "PATH", "TMPDIR", "TZDIR", "LOCPATH",
-                     "NLSPATH", "GCONV_PATH", "LANGUAGE", "LC_MESSAGES", "LANG", "IFS", "ENV", "POSIXLY_CORRECT"), PATHS),
+                     "NLSPATH", "GCONV_PATH", "LANGUAGE", "LC_MESSAGES", "LANG", "IFS", "ENV"), PATHS),
     "MALLOC_PERTURB_": ("85",), "GLIBC_TUNABLES": ("glibc.malloc.tcache_count=0", "x" * 5000),
 }  # fmt: skip
 
@@ -28,8 +30,8 @@ LOCALES = 3000
 
 
 def locale_values(random):
-    """Odd values: long ones of every shape, and noise. None names a code page, so that the copies stay what they are."""
-    pieces = ("de_DE", "de", "DE", "_", "-", "@", "=", ";", "%s", "/", "..", "collation", "POSIX", "C", " ", "\t", "\udcff")
+    """Odd values: long ones of every shape, and noise. None names a code page, so the copies stay what they are."""
+    pieces = ("de_DE", "de", "DE", "_", "-", "@", "=", ";", "%s", "/", "..", "collation", "POSIX", " ", "\t", "\udcff")
     for _ in range(LOCALES):
         length = random.choice((1, 7, 11, 12, 60, 96, 140, 155, 156, 157, 158, 200, 255, 256, 257, 1000, 20000))
         body = random.choice((
@@ -97,16 +99,14 @@ def try_locale(lab, case):
 
 def try_all(lab):
     runs = (UNATTENDED, ACCEPTING)
-    streams = [(UNATTENDED, stream) for stream in (*ANSWERLESS, *STREAMS)] + [(LOGGED, stream) for stream in STREAMS]
+    streams = [*product((UNATTENDED,), (*ANSWERLESS, *STREAMS)), *product((LOGGED,), STREAMS)]
     lab.try_each("closed, full and odd standard streams", streams, lambda case: try_streams(lab, case))
     variables = [(scenario, name, value) for scenario in runs for name, values in VARIABLES.items() for value in values]
     lab.try_each("odd variables", variables, lambda case: try_variable(lab, case), 0.05)
-    umasks = [(scenario, umask) for scenario in runs for umask in ("0", "0777", "0222", "0077")]
-    lab.try_each("odd umask", umasks, lambda case: try_umask(lab, case))
-    descriptors = [(scenario, "descriptors", number) for scenario in (*runs, REPEATED) for number in range(17)]
+    lab.try_each("odd umask", product(runs, ("0", "0777", "0222", "0077")), lambda case: try_umask(lab, case))
+    descriptors = product((*runs, REPEATED), ("descriptors",), range(17))
     lab.try_each("limit of descriptors", descriptors, lambda case: try_descriptors(lab, case))
-    signals = [(scenario, name) for scenario in runs for name in ("CHLD", "PIPE", "INT", "HUP", "TERM", "CHLD,PIPE,INT")]
+    signals = product(runs, ("CHLD", "PIPE", "INT", "HUP", "TERM", "CHLD,PIPE,INT"))
     lab.try_each("signals that the caller ignores", signals, lambda case: try_ignored_signal(lab, case))
-    locales = [(random_scenario, *value) for value in locale_values(lab.random)
-               for random_scenario in (UNATTENDED, SHORT_DIALOG)]
+    locales = [(scenario, *value) for value in locale_values(lab.random) for scenario in (UNATTENDED, SHORT_DIALOG)]
     lab.try_each("odd and long locale values", locales, lambda case: try_locale(lab, case), 0.06)

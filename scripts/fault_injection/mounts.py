@@ -4,7 +4,8 @@ import ctypes
 import os
 
 _libc = ctypes.CDLL(None, use_errno=True)
-_CLONE_NEWNS, _CLONE_NEWUSER, _MS_REMOUNT, _MS_REC, _MS_PRIVATE, _MNT_DETACH = 0x20000, 0x10000000, 32, 16384, 1 << 18, 2
+_CLONE_NEWNS, _CLONE_NEWUSER = 0x20000, 0x10000000
+_MS_REMOUNT, _MS_REC, _MS_PRIVATE, _MNT_DETACH = 32, 16384, 1 << 18, 2
 PAGE = os.sysconf("SC_PAGE_SIZE")
 
 
@@ -15,7 +16,7 @@ def _call(function, *arguments):
 
 
 def take_own_tmp():
-    """Gives this process and its children file systems of their own, and a new /tmp. Returns why that is denied, or ""."""
+    """Gives this process and its children mounts of their own, and a new /tmp. Returns why that is denied, or ""."""
     user, group = os.getuid(), os.getgid()
     try:
         _call(_libc.unshare, _CLONE_NEWNS if user == 0 else _CLONE_NEWNS | _CLONE_NEWUSER)
