@@ -20,7 +20,8 @@ File openStream(const std::string& path, int flags, mode_t mode) {
 /// Ends the file at its position; a device or a pipe, which has none, is left alone.
 bool cut(int descriptor) {
     const off_t size = lseek(descriptor, 0, SEEK_CUR);
-    return size == -1 || ftruncate(descriptor, size) == 0 || errno == EINVAL;
+    if (size == -1) return errno == ESPIPE;
+    return ftruncate(descriptor, size) == 0 || errno == EINVAL;
 }
 
 }  // namespace
