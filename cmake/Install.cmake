@@ -1,0 +1,38 @@
+# What `cmake --install` lays down. What a build does not have, a companion for instance, is left out without a word.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(package_dir lib/cmake/zev)  # executables serve every architecture that a project builds for
+set(sample_dir ${CMAKE_INSTALL_DATADIR}/zev/samples)
+
+install(TARGETS zev EXPORT zevTargets)
+if(TARGET zev-licenses)
+  set_target_properties(zev-licenses PROPERTIES EXPORT_NAME licenses)
+  install(TARGETS zev-licenses EXPORT zevTargets)
+endif()
+
+file(GLOB companions CONFIGURE_DEPENDS companions/zev-*)
+install(PROGRAMS ${companions} DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+foreach(section IN ITEMS 1 5)
+  file(GLOB pages CONFIGURE_DEPENDS man/*.${section})
+  install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section})
+endforeach()
+
+install(FILES README.md CHANGELOG.md SECURITY.md LICENSE THIRD-PARTY DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
+
+install(DIRECTORY ${PROJECT_BINARY_DIR}/sample-licenses/ DESTINATION ${sample_dir}/licenses)
+install(DIRECTORY samples/licenses/ DESTINATION ${sample_dir}/texts FILES_MATCHING PATTERN *.txt)
+
+install(DIRECTORY completions/bash/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(DIRECTORY completions/zsh/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(DIRECTORY completions/fish/ DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/zevConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+install(EXPORT zevTargets NAMESPACE zev:: DESTINATION ${package_dir})
+install(FILES cmake/zevConfig.cmake ${PROJECT_BINARY_DIR}/zevConfigVersion.cmake DESTINATION ${package_dir})
+install(FILES cmake/ZevLicenseSet.cmake DESTINATION ${package_dir} OPTIONAL)
