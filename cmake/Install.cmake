@@ -2,9 +2,6 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-
 set(package_dir lib/cmake/zev)  # executables serve every architecture that a project builds for
 set(sample_dir ${CMAKE_INSTALL_DATADIR}/zev/samples)
 
