@@ -1,5 +1,5 @@
-# What `cpack` makes of the installed tree: a .deb and a .rpm, byte for byte the same for the same SOURCE_DATE_EPOCH. Out
-# of a build with ZEV_STATIC they depend on nothing.
+# What `cpack` makes of the installed tree: a .deb and a .rpm, byte for byte the same for the same SOURCE_DATE_EPOCH and
+# umask. Out of a build with ZEV_STATIC they depend on nothing.
 set(ZEV_PACKAGE_CONTACT "zev maintainers <maintainers@zev.invalid>" CACHE STRING
   "Name and address of who answers for the packages")
 
