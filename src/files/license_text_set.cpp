@@ -2,8 +2,6 @@
 
 #include <iostream>
 #include <limits>
-#include <memory>
-#include <new>
 #include <span>
 #include <utility>
 #include <vector>
@@ -47,12 +45,12 @@ bool load(const RunContext& context, std::span<Source> sources, const char* size
         return false;
     }
 
-    const std::unique_ptr<char16_t[]> licenseBuffer(new (std::nothrow) char16_t[total + 1]);
-    if (!licenseBuffer) {
+    icu::UnicodeString loaded;
+    char16_t* next = loaded.getBuffer(static_cast<int32_t>(total + 1));
+    if (next == nullptr) {
         trace("Unable to allocate licenseBuffer");
         return false;
     }
-    char16_t* next = licenseBuffer.get();
     for (const Source& source : sources) {
         if (readLicenseFile(context, source.path, {next, source.count}) != source.count) {
             trace(source.readError);
@@ -61,12 +59,8 @@ bool load(const RunContext& context, std::span<Source> sources, const char* size
         next += source.count;
     }
     *next = 0;
+    loaded.releaseBuffer();  // up to the first U+0000
 
-    icu::UnicodeString loaded(licenseBuffer.get());
-    if (loaded.isBogus()) {
-        trace("Unable to allocate licenseBuffer");
-        return false;
-    }
     text = std::move(loaded);
     return true;
 }
