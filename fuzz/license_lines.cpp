@@ -50,7 +50,7 @@ void checkLines(Input input) {
     if (choice > 0x7F) dialog.currentLocale = &dialog.englishLocale;
     const auto lines = breakText(dialog, text, width);
     const TextLines expected = breakPlainly(dialog, text, width);
-    require(lines ? *lines == expected : expected.empty(), "broken as by the plain algorithm");
+    require(lines ? *lines == expected : expected.size() == 0, "broken as by the plain algorithm");
 }
 
 }  // namespace

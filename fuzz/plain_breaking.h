@@ -18,7 +18,10 @@ inline TextLines breakPlainly(const LicenseDialog& dialog, const icu::UnicodeStr
     iterator->setText(text);
     TextLines lines;
     int32_t start = iterator->first(), end = start, nextPos = iterator->next();
-    const auto add = [&](int32_t to) { lines.push_back(icu::UnicodeString(text, start, to - start) + u'\n'); };
+    const auto add = [&](int32_t to) {
+        const icu::UnicodeString line(text, start, to - start);
+        lines.append({line.getBuffer(), static_cast<std::size_t>(line.length())});
+    };
     while (end != icu::BreakIterator::DONE) {
         const icu::UnicodeString candidate(text, start, nextPos - start);
         if (const int32_t newline = text.indexOf(u'\n', start, end - start); newline >= 0) {

@@ -98,12 +98,11 @@ std::unique_ptr<icu::BreakIterator> createLineIterator(const icu::Locale& locale
     return nullptr;
 }
 
-/// An empty result, with room for the lines that end at a line feed; null when memory is short.
+/// An empty result with room for the lines of the text; null when memory is short.
 std::unique_ptr<TextLines> createLines(const icu::UnicodeString& text) {
     try {
         auto lines = std::make_unique<TextLines>();
-        const char16_t* units = text.getBuffer();
-        lines->reserve(static_cast<std::size_t>(std::count(units, units + text.length(), newline)) + 1);
+        lines->reserve(static_cast<std::size_t>(text.length()));
         return lines;
     } catch (const std::bad_alloc&) {
         trace("Unable to allocate result in breakText");
@@ -114,15 +113,17 @@ std::unique_ptr<TextLines> createLines(const icu::UnicodeString& text) {
 /// Appends `text` from `begin` to `end`, both pinned to the text and an end before the begin taken for none. `block`
 /// numbers the three places that make lines, for the trace. False when memory is short.
 bool addLine(TextLines& lines, const icu::UnicodeString& text, int32_t begin, int32_t end, int block) {
+    const std::u16string_view units(text.getBuffer(), static_cast<std::size_t>(text.length()));
+    const auto from = std::min(static_cast<std::size_t>(begin), units.size());
+    const std::u16string_view line = units.substr(from, static_cast<std::size_t>(std::max(end - begin, 0)));
+    traceBreaking("Got string ", block, ": '", InCodePage{line}, "'");
     try {
-        icu::UnicodeString& line = lines.emplace_back(text, begin, end - begin);
-        if (!line.isBogus()) traceBreaking("Got string ", block, ": '", InCodePage{line}, "'");
-        if (!line.append(newline).isBogus()) return true;
+        lines.append(line);
+        return true;
     } catch (const std::bad_alloc&) {
-        // Reported below, like a string without memory for its text.
+        trace("Unable to allocate a new UnicodeString in breakText block ", block);
+        return false;
     }
-    trace("Unable to allocate a new UnicodeString in breakText block ", block);
-    return false;
 }
 
 }  // namespace
@@ -167,7 +168,7 @@ std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::Uni
     }
     if (text.length() > start && !addLine(*lines, text, start, text.length(), 3)) return nullptr;
 
-    if (lines->empty()) {
+    if (lines->size() == 0) {
         trace("Function breakText ended up with a vector of size ", lines->size());
         return nullptr;
     }

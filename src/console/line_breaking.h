@@ -4,14 +4,12 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
+
+#include "console/text_lines.h"
 
 namespace zev {
 
 struct LicenseDialog;
-
-/// Display lines in order, each with an appended line feed.
-using TextLines = std::vector<icu::UnicodeString>;
 
 /// The width of a text in columns. In Japanese, Korean and Chinese every code unit beyond ASCII takes two columns (a
 /// surrogate pair thus four); elsewhere every code unit takes one.

@@ -53,7 +53,10 @@ bool writeDocument(const LicenseDialog& dialog, icu::UnicodeString& text, const 
         return false;
     }
     int32_t written = 0;
-    for (icu::UnicodeString& line : *lines) written += u_fprintf(file.get(), "%S", line.getTerminatedBuffer());
+    for (std::size_t index = 0; index < lines->size(); ++index) {
+        const std::u16string_view line = (*lines)[index];
+        written += u_file_write(line.data(), static_cast<int32_t>(line.size()), file.get());
+    }
     trace("Wrote ", written, " characters to temp file");
     return true;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <span>
 
 #include "console/terminal_geometry.h"
 #include "lang/environment_locale.h"
@@ -10,10 +9,9 @@
 namespace zev {
 
 uint32_t writeLines(const TextLines& lines, std::size_t first, uint32_t most) {
-    const auto rest = std::span(lines).subspan(first);
-    const auto page = rest.first(std::min<std::size_t>(rest.size(), most));
-    for (const icu::UnicodeString& line : page) std::cout << InCodePage{line};
-    return static_cast<uint32_t>(page.size());
+    const std::size_t count = std::min<std::size_t>(lines.size() - first, most);
+    for (std::size_t index = first; index < first + count; ++index) std::cout << InCodePage{lines[index]};
+    return static_cast<uint32_t>(count);
 }
 
 void writeLines(const TextLines& lines) { writeLines(lines, 0, unlimitedPage); }

@@ -99,8 +99,8 @@ icu::UnicodeString fromCodePage(const char* bytes) { return {bytes, codePageName
 
 std::ostream& operator<<(std::ostream& out, InCodePage piece) {
     UConverter* const converter = processCodePage.converter.getAlias();
-    const char16_t* source = piece.text.getBuffer();
-    const char16_t* const sourceEnd = source + piece.text.length();
+    const char16_t* source = piece.text.data();
+    const char16_t* const sourceEnd = source + piece.text.size();
     std::array<char, 200> chunk;
     UErrorCode status;
     do {

@@ -3,6 +3,7 @@
 #include <unicode/unistr.h>
 
 #include <iosfwd>
+#include <string_view>
 
 /// The locale and the code page of the process. ICU's builds for Linux read other variables and take UTF-8 for granted,
 /// so both are settled here, as POSIX has it: by the first of LC_ALL, LC_CTYPE and LANG that is set and not empty.
@@ -22,7 +23,7 @@ void adoptEnvironmentLocale();
 /// A text on its way to a stream, written in the process's code page. What the code page lacks becomes its substitution
 /// character.
 struct InCodePage {
-    const icu::UnicodeString& text;
+    std::u16string_view text;
 };
 std::ostream& operator<<(std::ostream& out, InCodePage piece);
 

@@ -28,7 +28,10 @@ struct Speaker {
         std::string shown;
         const auto broken = breakText(dialog, text, width);
         if (!broken) return "<failed>";
-        for (const icu::UnicodeString& line : *broken) line.toUTF8String(shown);
+        for (std::size_t index = 0; index < broken->size(); ++index) {
+            const std::u16string_view line = (*broken)[index];
+            icu::UnicodeString(line.data(), static_cast<int32_t>(line.size())).toUTF8String(shown);
+        }
         return shown;
     }
 
@@ -51,7 +54,7 @@ TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
     for (const char* language : {"ja_JP", "ko_KR", "zh_TW", "zh"}) {
         const Speaker speaker(language);
         EXPECT_EQ(displayWidth(speaker.dialog, u"aé\U0001F600｡"), 1 + 2 + 4 + 2) << language;
-        EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->front().length(), 39 + 1) << "78 columns";
+        EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->operator[](0).size(), 39 + 1U) << "78 columns";
         // Six letters are too wide and cut after ten units, in the next word. Where that word's rest is too wide as
         // well, it starts over from its own break.
         EXPECT_EQ(speaker.lines(u"абвгде жзик", 10), "абвгде жзи\nк\n");

@@ -18,7 +18,9 @@ void adopt(const char* all, const char* type, const char* lang) {
 
 std::string written(std::initializer_list<icu::UnicodeString> pieces) {
     std::ostringstream out;
-    for (const auto& piece : pieces) out << InCodePage{piece};
+    for (const auto& piece : pieces) {
+        out << InCodePage{{piece.getBuffer(), static_cast<std::size_t>(piece.length())}};
+    }
     return out.str();
 }
 
