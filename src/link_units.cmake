@@ -16,7 +16,7 @@ link_unit(locale_choice files lang/locale_choice)
 
 link_unit(console locale_choice
   console/console_input console/dialog_run console/license_dialog console/line_breaking console/non_vur_pager
-  console/printing console/terminal_geometry console/text_lines console/text_output)
+  console/printing console/settled_breaks console/terminal_geometry console/text_lines console/text_output)
 
 link_unit(driver console app/command_line app/run_driver)
 

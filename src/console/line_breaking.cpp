@@ -1,8 +1,10 @@
 #include "console/line_breaking.h"
 
 #include <unicode/brkiter.h>
+#include <unicode/utext.h>
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 #include <string_view>
 
@@ -10,6 +12,7 @@
 #include "app/run_context.h"
 #include "app/run_options.h"
 #include "console/license_dialog.h"
+#include "console/settled_breaks.h"
 #include "lang/environment_locale.h"
 
 namespace zev {
@@ -32,77 +35,55 @@ bool hasDoubleWidth(const icu::Locale& locale) {
     return false;
 }
 
-/// The width of candidates that begin and end ever further on, measured by what their ends have moved over.
-class CandidateWidth {
-public:
-    CandidateWidth(const LicenseDialog& dialog, const icu::UnicodeString& text) : dialog_(dialog), text_(text) {}
+/// Whether a locale asks for a style of breaking of its own, as "ja@lw=phrase" does.
+bool hasKeywords(const icu::Locale& locale) { return std::strchr(locale.getName(), '@') != nullptr; }
 
-    int64_t columns(int32_t begin, int32_t end) {
-        if (end <= begin) return 0;
-        move(begin_, begin);
-        move(end_, end);
-        return end_.columns - begin_.columns;
-    }
-
-private:
-    struct Position {
-        int32_t index = 0;
-        int64_t columns = 0;  ///< from the start of the text
-    };
-
-    void move(Position& position, int32_t index) const {
-        const auto [from, to] = std::minmax({position.index, index});
-        const int32_t passed = displayWidth(dialog_, text_.tempSubStringBetween(from, to));
-        position.columns += index < position.index ? -passed : passed;
-        position.index = index;
-    }
-
-    const LicenseDialog& dialog_;
-    const icu::UnicodeString& text_;
-    Position begin_;
-    Position end_;
-};
-
-/// Finds line feeds in ranges that begin and end ever further on, without looking at a code unit twice.
-class NewlineSearch {
-public:
-    explicit NewlineSearch(const icu::UnicodeString& text) : text_(text) {}
-
-    /// The position of the first line feed in [begin, end), or a negative number.
-    int32_t find(int32_t begin, int32_t end) {
-        // A cut that ran past a break lets the next line begin before the last one did: search anew from there.
-        if (begin < begin_) cleared_ = begin;
-        begin_ = begin;
-        cleared_ = std::max(cleared_, begin);
-        const int32_t found = text_.indexOf(newline, cleared_, end - cleared_);
-        if (found < 0) cleared_ = std::max(cleared_, end);
-        return found;
-    }
-
-private:
-    const icu::UnicodeString& text_;
-    int32_t begin_ = 0;
-    int32_t cleared_ = 0;  ///< no line feed from begin_ to here
-};
+int32_t columnsOf(char16_t unit, bool doubleWidth) { return doubleWidth && unit >= 128 ? 2 : 1; }
 
 std::unique_ptr<icu::BreakIterator> createLineIterator(const icu::Locale& locale) {
-    UErrorCode status;
-    // ICU refuses some locales whose name is longer than it expects; their language has rules all the same.
-    for (const icu::Locale& candidate : {locale, icu::Locale(locale.getLanguage())}) {
-        status = U_ZERO_ERROR;
-        std::unique_ptr<icu::BreakIterator> iterator(icu::BreakIterator::createLineInstance(candidate, status));
-        if (U_SUCCESS(status) && iterator) return iterator;
-    }
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::BreakIterator> iterator(icu::BreakIterator::createLineInstance(locale, status));
+    if (U_SUCCESS(status) && iterator) return iterator;
     trace("Unable to create a BreakIterator");
     trace("UErrorCode = ", static_cast<int>(status));
     return nullptr;
 }
 
+/// The breaks of a text as the iterator finds them, one after the other.
+class Breaks {
+public:
+    static constexpr int32_t done = icu::BreakIterator::DONE;
+
+    Breaks(icu::BreakIterator& iterator, std::u16string_view text) : iterator_(iterator), text_(text) {}
+
+    /// The first break behind `begin`, where the text starts or a settled break is: what stands before has no effect.
+    int32_t following(int32_t begin) {
+        begin_ = begin;
+        const std::u16string_view rest = text_.substr(static_cast<std::size_t>(begin));
+        UText input = UTEXT_INITIALIZER;
+        UErrorCode status = U_ZERO_ERROR;
+        utext_openUChars(&input, rest.data(), static_cast<int64_t>(rest.size()), &status);
+        iterator_.setText(&input, status);
+        utext_close(&input);
+        return next();
+    }
+
+    int32_t next() {
+        const int32_t position = iterator_.next();
+        return position == done ? done : begin_ + position;
+    }
+
+private:
+    icu::BreakIterator& iterator_;
+    std::u16string_view text_;
+    int32_t begin_ = 0;  ///< of the part of the text that the iterator sees
+};
+
 /// An empty result with room for the lines of the text; null when memory is short.
-std::unique_ptr<TextLines> createLines(const icu::UnicodeString& text) {
+std::unique_ptr<TextLines> createLines(std::u16string_view text) {
     try {
         auto lines = std::make_unique<TextLines>();
-        lines->reserve(static_cast<std::size_t>(text.length()));
+        lines->reserve(text.size());
         return lines;
     } catch (const std::bad_alloc&) {
         trace("Unable to allocate result in breakText");
@@ -112,10 +93,9 @@ std::unique_ptr<TextLines> createLines(const icu::UnicodeString& text) {
 
 /// Appends `text` from `begin` to `end`, both pinned to the text and an end before the begin taken for none. `block`
 /// numbers the three places that make lines, for the trace. False when memory is short.
-bool addLine(TextLines& lines, const icu::UnicodeString& text, int32_t begin, int32_t end, int block) {
-    const std::u16string_view units(text.getBuffer(), static_cast<std::size_t>(text.length()));
-    const auto from = std::min(static_cast<std::size_t>(begin), units.size());
-    const std::u16string_view line = units.substr(from, static_cast<std::size_t>(std::max(end - begin, 0)));
+bool addLine(TextLines& lines, std::u16string_view text, int32_t begin, int32_t end, int block) {
+    const auto from = std::min(static_cast<std::size_t>(begin), text.size());
+    const std::u16string_view line = text.substr(from, static_cast<std::size_t>(std::max(end - begin, 0)));
     traceBreaking("Got string ", block, ": '", InCodePage{line}, "'");
     try {
         lines.append(line);
@@ -126,47 +106,87 @@ bool addLine(TextLines& lines, const icu::UnicodeString& text, int32_t begin, in
     }
 }
 
+/// The furthest end of a line from `begin` that is narrower than `width`, at most behind its line feed.
+int32_t reachOf(std::u16string_view text, int32_t begin, int32_t width, bool doubleWidth) {
+    const auto length = static_cast<int32_t>(text.size());
+    int32_t end = begin;
+    for (int32_t columns = 0; end < length; ++end) {
+        const char16_t unit = text[static_cast<std::size_t>(end)];
+        columns += columnsOf(unit, doubleWidth);
+        if (columns >= width) break;
+        if (unit == newline) return end + 1;
+    }
+    return end;
+}
+
+/// Behind a line feed there is always a break, so that of a line it can only be the last unit.
+bool endsInNewline(std::u16string_view text, int32_t begin, int32_t end) {
+    return end > begin && text[static_cast<std::size_t>(end) - 1] == newline;
+}
+
 }  // namespace
 
 int32_t displayWidth(const LicenseDialog& dialog, const icu::UnicodeString& text) {
-    if (!hasDoubleWidth(dialog.context.locale)) return text.length();
-    const char16_t* units = text.getBuffer();
-    const auto wide = std::count_if(units, units + text.length(), [](char16_t unit) { return unit >= 128; });
-    return text.length() + static_cast<int32_t>(wide);
+    const bool doubleWidth = hasDoubleWidth(dialog.context.locale);
+    int32_t columns = 0;
+    for (int32_t index = 0; index < text.length(); ++index) columns += columnsOf(text[index], doubleWidth);
+    return columns;
 }
 
 std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
     // Deliberately the dialogue's locale: after a switch that was refused it is not the context's, which widths follow.
-    const auto iterator = createLineIterator(*dialog.currentLocale);
+    const icu::Locale& locale = *dialog.currentLocale;
+    const auto iterator = createLineIterator(locale);
     if (!iterator) return nullptr;
-    iterator->setText(text);
-    int32_t start = iterator->first();
-    int32_t end = start;
-    int32_t nextPos = iterator->next();
-
-    auto lines = createLines(text);
+    const std::u16string_view units(text.getBuffer(), static_cast<std::size_t>(text.length()));
+    auto lines = createLines(units);
     if (!lines) return nullptr;
-    CandidateWidth candidate(dialog, text);
-    NewlineSearch newlines(text);
-    while (end != icu::BreakIterator::DONE) {
+
+    const bool doubleWidth = hasDoubleWidth(dialog.context.locale);
+    // With its trace on, every step is taken.
+    const bool maySkip = !runOptions.breakTextTrace && !hasKeywords(locale);
+    Breaks breaks(*iterator, units);
+    int32_t start = 0;
+    int32_t end = start;
+    int32_t nextPos = breaks.following(start);
+    int32_t reach = 0;
+    // Adds the lines from `start` on that end at a settled break. They need no iterator; it goes on behind them.
+    const auto addSettledLines = [&] {
+        const int32_t first = start;
+        for (;;) {
+            reach = reachOf(units, start, width, doubleWidth);
+            if (!maySkip || nextPos > reach) break;
+            end = settledBreak(units, start, reach);
+            if (end == start) break;
+            const bool hard = endsInNewline(units, start, end);
+            if (!addLine(*lines, units, start, hard ? end - 1 : end, hard ? 1 : 2)) return false;
+            start = end;
+        }
+        if (start > first) nextPos = breaks.following(start);
+        return true;
+    };
+
+    if (!addSettledLines()) return nullptr;
+    while (end != Breaks::done) {
         traceBreaking("-------------------");
         traceBreaking("start   : ", start);
         traceBreaking("end     : ", end);
         traceBreaking("nextPos : ", nextPos);
 
-        if (const int32_t newlineAt = newlines.find(start, end); newlineAt >= 0) {
-            if (!addLine(*lines, text, start, newlineAt, 1)) return nullptr;
-            start = end = newlineAt + 1;
-        } else if (candidate.columns(start, nextPos) < width) {
+        if (endsInNewline(units, start, end)) {
+            if (!addLine(*lines, units, start, end - 1, 1)) return nullptr;
+        } else if (nextPos <= reach) {
             end = nextPos;
-            nextPos = iterator->next();
+            nextPos = breaks.next();
+            continue;
         } else {
             if (start == end) end = start + width;
-            if (!addLine(*lines, text, start, end, 2)) return nullptr;
-            start = end;
+            if (!addLine(*lines, units, start, end, 2)) return nullptr;
         }
+        start = end;
+        if (!addSettledLines()) return nullptr;
     }
-    if (text.length() > start && !addLine(*lines, text, start, text.length(), 3)) return nullptr;
+    if (text.length() > start && !addLine(*lines, units, start, text.length(), 3)) return nullptr;
 
     if (lines->size() == 0) {
         trace("Function breakText ended up with a vector of size ", lines->size());
