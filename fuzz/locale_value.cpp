@@ -47,12 +47,13 @@ bool isCodePage(const std::string& name) {
     return !name.empty() && U_SUCCESS(status);
 }
 
-/// The locale of a name as ICU writes names; without a name where it refuses.
+/// The locale of a name as ICU writes names, without a name where it refuses. As the default, ICU reads it once more.
 icu::Locale canonicalLocale(const std::string& name) {
     static std::array<char, 1 << 16> canonical;
     UErrorCode status = U_ZERO_ERROR;
     uloc_canonicalize(name.c_str(), canonical.data(), static_cast<int32_t>(canonical.size()), &status);
-    return icu::Locale(U_SUCCESS(status) ? canonical.data() : "");
+    const icu::Locale locale(U_SUCCESS(status) ? canonical.data() : "");
+    return icu::Locale(locale.getName());
 }
 
 /// Sets the variables; the pieces of each by its name.
