@@ -15,7 +15,7 @@
 #include "app/debug_trace.h"
 #include "app/run_options.h"
 #include "support.h"
-#include "support/sandbox.h"
+#include "support/session.h"
 
 namespace zev::fuzz {
 namespace {

@@ -2,33 +2,28 @@
 // algorithm, in every language and at every width. Input: a byte for the language (its highest bit for English rules),
 // a byte for the width, the file.
 
-#include <iterator>
+#include <string>
+#include <vector>
 
 #include "files/license_text_set.h"
 #include "lang/environment_locale.h"
-#include "lang/languages.h"
 #include "lang/locale_choice.h"
 #include "plain_breaking.h"
 #include "support.h"
-#include "support/sandbox.h"
+#include "support/session.h"
 
 namespace zev::fuzz {
 namespace {
 
-constexpr const char* codes[]{
-#define CODE(code, ...) #code,
-    ZEV_LANGUAGES(CODE)
-#undef CODE
-};
-
 /// A licence directory whose agreements are all one file.
 struct Licenses {
     Licenses() {
-        for (const std::string code : codes) {
-            sandbox.link("licenses/LA_" + code, agreement.path());
-            sandbox.remove("licenses/LI_" + code);
+        for (const LanguageEntry& language : languages) {
+            sandbox.link(std::string("licenses/LA_") + language.code, agreement.path());
+            sandbox.remove(std::string("licenses/LI_") + language.code);
         }
     }
+    const std::vector<LanguageEntry> languages = test::languages();
     const test::Sandbox sandbox;
     const MemoryFile agreement;
 };
@@ -39,7 +34,7 @@ void checkLines(Input input) {
     const int32_t width = 1 + input.byte();
     licenses.agreement.write(input.rest());
 
-    setenv("LC_ALL", codes[(choice & 0x7F) % std::size(codes)], 1);
+    setenv("LC_ALL", licenses.languages[(choice & 0x7F) % licenses.languages.size()].code, 1);
     adoptEnvironmentLocale();
     RunContext context = createRunContext(licenses.sandbox.path("licenses"), "", 4);
     icu::UnicodeString text;

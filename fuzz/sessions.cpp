@@ -16,7 +16,7 @@
 #include "lang/resource_factory.h"
 #include "session_model.h"
 #include "support.h"
-#include "support/sandbox.h"
+#include "support/session.h"
 
 namespace zev::fuzz {
 namespace {
