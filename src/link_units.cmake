@@ -21,3 +21,6 @@ link_unit(console locale_choice
 link_unit(driver console app/command_line app/run_driver)
 
 executable(zev driver app/legal_notice app/main)
+
+objects(icu_left_out shipped/icu_left_out)
+objects(no_plugins shipped/no_plugins)

@@ -1,0 +1,37 @@
+# zev_ship(<target>): makes an executable one that can be handed out. With ZEV_STATIC it is one file that needs nothing of
+# the system: position-independent, hardened, without symbols, and without the parts of ICU that are never reached.
+# Included before the first target, since everything that goes into such a file is compiled for it.
+
+if(ZEV_STATIC)
+  include(CheckCXXCompilerFlag)
+  include(CheckCXXSourceCompiles)
+  include(${CMAKE_CURRENT_LIST_DIR}/IcuData.cmake)
+
+  add_compile_options(-fPIE -ffunction-sections -fdata-sections
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
+  add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+  # What one processor or compiler has and another has not.
+  foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
+    string(MAKE_C_IDENTIFIER "ZEV_HAS${flag}" has_flag)
+    check_cxx_compiler_flag(${flag} ${has_flag})
+    add_compile_options($<$<BOOL:${${has_flag}}>:${flag}>)
+  endforeach()
+  # Some linkers know it and pack nothing.
+  set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
+  check_cxx_source_compiles("int main() {}" ZEV_HAS_packed_relocations FAIL_REGEX ignored)
+  unset(CMAKE_REQUIRED_LINK_OPTIONS)
+
+  add_library(zev_shipped INTERFACE)
+  target_link_libraries(zev_shipped INTERFACE zev_icu_data)
+  target_link_options(zev_shipped INTERFACE
+    -static-pie -s LINKER:--gc-sections LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack LINKER:--wrap=dlopen
+    $<$<BOOL:${ZEV_HAS_packed_relocations}>:LINKER:-z,pack-relative-relocs>)
+endif()
+
+function(zev_ship target)
+  # In every build, so that the suite notices should ICU come to call what is left out.
+  target_link_libraries(${target} PRIVATE zev_icu_left_out)
+  if(ZEV_STATIC)
+    target_link_libraries(${target} PRIVATE zev_no_plugins zev_shipped)
+  endif()
+endfunction()
