@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <utility>
 
 #include "app/run_options.h"
@@ -23,18 +24,29 @@ namespace {
 
 constexpr int deadlineSeconds = 20;
 
-[[noreturn]] void execute(Arguments arguments, const Environment& environment, Preparation prepare) {
+/// The command that is tested. ZEV_TEST_COMMAND, words between spaces, names another: a release, or one for another
+/// processor behind an emulator.
+Arguments testedCommand() {
+    const char* command = std::getenv("ZEV_TEST_COMMAND");
+    std::istringstream words(command != nullptr ? command : ZEV_BINARY);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+[[noreturn]] void execute(const Arguments& arguments, const Environment& environment, Preparation prepare) {
+    Arguments words = testedCommand();
+    const std::string file = words.front();
+    if (words.size() == 1) words.front() = "zev";
+    words.insert(words.end(), arguments.begin(), arguments.end());
     clearenv();
     setenv("TZ", "UTC", 1);
     setenv("PATH", "/usr/bin:/bin", 1);
     for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
-    arguments.insert(arguments.begin(), "zev");
     std::vector<char*> argv;
-    for (std::string& argument : arguments) argv.push_back(argument.data());
+    for (std::string& word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
     prepare();
     alarm(deadlineSeconds);
-    execv(ZEV_BINARY, argv.data());
+    execv(file.c_str(), argv.data());
     _exit(127);
 }
 
