@@ -40,7 +40,7 @@ bool load(const RunContext& context, std::span<Source> sources, const char* size
         total += source.count;
     }
     trace(sizeMessage, total);
-    if (total > std::numeric_limits<int32_t>::max()) {
+    if (total >= std::numeric_limits<int32_t>::max()) {
         trace("License text is too long");
         return false;
     }
