@@ -69,6 +69,11 @@ TEST(LineBreaking, followsTheLocaleOfTheDialogueAndMeasuresByThatOfTheContext) {
     EXPECT_EQ(speaker.lines(u"許使ァ", 5), "許使\nァ\n");
     speaker.dialog.currentLocale = &speaker.dialog.englishLocale;
     EXPECT_EQ(speaker.lines(u"許使ァ", 5), "許\n使ァ\n");
+
+    icu::Locale phrases("ja@lw=phrase");
+    speaker.dialog.currentLocale = &phrases;
+    const icu::UnicodeString text(u"使用許諾契約は、日本語の文章を文節で折り返す。");
+    EXPECT_EQ(*breakText(speaker.dialog, text, 20), breakPlainly(speaker.dialog, text, 20)) << "breaks of another kind";
 }
 
 TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {
