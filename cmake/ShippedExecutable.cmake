@@ -10,7 +10,8 @@ if(ZEV_STATIC)
   add_compile_options(-fPIE -ffunction-sections -fdata-sections
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
   add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
-  # What one processor or compiler has and another has not.
+  # What one processor or compiler has and another has not, or ignores with a warning.
+  set(CMAKE_REQUIRED_FLAGS -Werror)
   foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
     string(MAKE_C_IDENTIFIER "ZEV_HAS${flag}" has_flag)
     check_cxx_compiler_flag(${flag} ${has_flag})
@@ -20,6 +21,7 @@ if(ZEV_STATIC)
   set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
   check_cxx_source_compiles("int main() {}" ZEV_HAS_packed_relocations FAIL_REGEX ignored)
   unset(CMAKE_REQUIRED_LINK_OPTIONS)
+  unset(CMAKE_REQUIRED_FLAGS)
 
   add_library(zev_shipped INTERFACE)
   target_link_libraries(zev_shipped INTERFACE zev_icu_data)
