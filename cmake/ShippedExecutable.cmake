@@ -35,5 +35,6 @@ function(zev_ship target)
   target_link_libraries(${target} PRIVATE zev_icu_left_out)
   if(ZEV_STATIC)
     target_link_libraries(${target} PRIVATE zev_no_plugins zev_shipped)
+    set_property(GLOBAL APPEND PROPERTY ZEV_SHIPPED ${target})  # for tests/release
   endif()
 endfunction()

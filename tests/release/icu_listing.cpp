@@ -10,10 +10,11 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -65,8 +66,13 @@ void listCodePages() {
     }
 }
 
+// Latin, Greek and Cyrillic, Thai, Lao, Burmese, Khmer, punctuation, Japanese, Chinese, Korean, forms, pictures.
+constexpr UChar32 ranges[][2]{{0x20, 0x17f},    {0x370, 0x52f},   {0xe01, 0xe4e},   {0xe81, 0xecd},
+                              {0x1000, 0x109f}, {0x1780, 0x17d3}, {0x2000, 0x206f}, {0x3000, 0x30ff},
+                              {0x4e00, 0x9fff}, {0xac00, 0xd7a3}, {0xf900, 0xffef}, {0x1f300, 0x1f9ff}};
+
 /// Characters of one range after another, in an order without rule, so that dictionaries find words by chance.
-icu::UnicodeString charactersOf(std::initializer_list<std::array<UChar32, 2>> ranges) {
+icu::UnicodeString charactersOfAllRanges() {
     icu::UnicodeString text;
     uint32_t random = 1;
     for (const auto& [first, last] : ranges) {
@@ -85,7 +91,7 @@ icu::UnicodeString contentsOf(const std::string& path) {
 }
 
 void listLineBreaks(const std::string& locale, const icu::UnicodeString& text) {
-    std::array<char, 256> canonical;
+    std::array<char, 256> canonical{};
     UErrorCode status = U_ZERO_ERROR;
     uloc_canonicalize(locale.c_str(), canonical.data(), canonical.size(), &status);
     const std::unique_ptr<icu::BreakIterator> lines(
@@ -96,8 +102,25 @@ void listLineBreaks(const std::string& locale, const icu::UnicodeString& text) {
         lines->setText(text);
         for (int32_t at = lines->first(); at != icu::BreakIterator::DONE; at = lines->next(), ++breaks) digest.add(at);
     }
-    std::printf("lines %s: %s, %d, %llx\n", locale.c_str(), u_errorName(status), breaks, digest.value());
+    std::printf("lines %s = %s: %s, %d, %llx\n", locale.c_str(), canonical.data(), u_errorName(status), breaks,
+                digest.value());
 }
+
+std::vector<std::string> words(const char* text) {
+    std::istringstream stream(text);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
+
+const auto locales = words(
+    "cs de el en es fr it ja ko lt pl pt ru sl tr zh zh_TW cs_CZ de_AT de_CH el_GR en_US en_US_POSIX en_GB es_MX fr_CA "
+    "it_CH ja_JP ko_KR lt_LT pl_PL pt_BR pt_PT ru_RU sl_SI tr_TR zh_CN zh_HK zh_SG zh_Hans zh_Hant_TW th_TH lo_LA "
+    "km_KH my_MM fi_FI sv_SE nb_NO ar_EG he_IL hi_IN vi_VN sr_RS__LATIN ca de__euro xx_YY root");
+
+const auto keywords = words(
+    "@lb=loose @lb=normal @lb=strict @lb=none @lw=normal @lw=breakall @lw=keepall @lw=phrase @lw=none @LB=LOOSE "
+    "@lb=loose;lw=phrase @lb=normal;lw=phrase @lb=strict;lw=phrase @lb=loose;lw=breakall @lb=normal;lw=keepall "
+    "@lb=strict;lw=breakall @ss=standard @timezone=Europe/Paris @calendar=japanese;lb=strict @collation=phonebook "
+    "@rg=uszzzz;lb=loose -u-ca-gregory-lb-loose -u-tz-deber-lw-phrase");
 
 }  // namespace
 
@@ -107,54 +130,16 @@ int main(int count, char** files) {
     u_setDataDirectory("");
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
-    icu::UnicodeString text = charactersOf({{0x20, 0x17f},
-                                            {0x370, 0x52f},
-                                            {0xe01, 0xe4e},
-                                            {0xe81, 0xecd},
-                                            {0x1000, 0x109f},
-                                            {0x1780, 0x17d3},
-                                            {0x2000, 0x206f},
-                                            {0x3000, 0x30ff},
-                                            {0x4e00, 0x9fff},
-                                            {0xac00, 0xd7a3},
-                                            {0xf900, 0xffef},
-                                            {0x1f300, 0x1f9ff}});
+    icu::UnicodeString text = charactersOfAllRanges();
     text.append(u"ข้อตกลงนี้อยู่ระหว่างคุณกับผู้ผลิตโปรแกรม ຂໍ້ຕົກລົງນີ້ແມ່ນລະຫວ່າງທ່ານກັບຜູ້ຜະລິດ "
                 u"កិច្ចព្រមព្រៀងនេះគឺរវាងអ្នកនិងអ្នកផលិតកម្មវិធី ဤသဘောတူညီချက်သည်သင်နှင့်ထုတ်လုပ်သူအကြားဖြစ်သည် "
                 u"本契約はお客様と製作者との間で締結されます。");
     for (int i = 1; i < count; ++i) text.append(contentsOf(files[i]));
 
-    for (const char* locale :
-         {"cs",         "de",    "el",           "en",    "es",       "fr",    "it",    "ja",    "ko",    "lt",
-          "pl",         "pt",    "ru",           "sl",    "tr",       "zh",    "zh_TW", "cs_CZ", "de_AT", "de_CH",
-          "el_GR",      "en_US", "en_US_POSIX",  "en_GB", "es_MX",    "fr_CA", "it_CH", "ja_JP", "ko_KR", "lt_LT",
-          "pl_PL",      "pt_BR", "pt_PT",        "ru_RU", "sl_SI",    "tr_TR", "zh_CN", "zh_HK", "zh_SG", "zh_Hans",
-          "zh_Hant_TW", "th_TH", "lo_LA",        "km_KH", "my_MM",    "fi_FI", "sv_SE", "nb_NO", "ar_EG", "he_IL",
-          "hi_IN",      "vi_VN", "sr_RS__LATIN", "ca",    "de__euro", "xx_YY", "root",  ""}) {
-        for (const char* keywords : {"",
-                                     "@lb=loose",
-                                     "@lb=normal",
-                                     "@lb=strict",
-                                     "@lb=none",
-                                     "@lw=normal",
-                                     "@lw=breakall",
-                                     "@lw=keepall",
-                                     "@lw=phrase",
-                                     "@lw=none",
-                                     "@lb=loose;lw=phrase",
-                                     "@lb=normal;lw=phrase",
-                                     "@lb=strict;lw=phrase",
-                                     "@lb=loose;lw=breakall",
-                                     "@lb=normal;lw=keepall",
-                                     "@lb=strict;lw=breakall",
-                                     "@LB=LOOSE",
-                                     "@ss=standard",
-                                     "@timezone=Europe/Paris",
-                                     "@calendar=japanese;lb=strict",
-                                     "@collation=phonebook",
-                                     "@rg=uszzzz;lb=loose"}) {
-            listLineBreaks(std::string(locale) + keywords, text);
-        }
+    listLineBreaks("", text);
+    for (const std::string& locale : locales) {
+        listLineBreaks(locale, text);
+        for (const std::string& more : keywords) listLineBreaks(locale + more, text);
     }
     listCodePages();
     return 0;
