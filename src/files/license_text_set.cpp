@@ -21,10 +21,6 @@ constexpr const char* agreementPrefix = "LA";
 constexpr const char* informationPrefix = "LI";
 constexpr const char* prefixSeparator = "_";
 
-std::string languagePath(const RunContext& context, const char* prefix, const std::string& code) {
-    return joinPath(context.licenseDir, prefix + (prefixSeparator + code));
-}
-
 struct Source {
     std::string path;
     const char* readError;  ///< the trace line when the file does not hold what was counted
@@ -73,12 +69,16 @@ bool checkFile(const std::string& path) {
 
 }  // namespace
 
+std::string agreementName(const std::string& code) { return agreementPrefix + (prefixSeparator + code); }
+
+std::string informationName(const std::string& code) { return informationPrefix + (prefixSeparator + code); }
+
 std::string agreementPath(const RunContext& context, const std::string& code) {
-    return languagePath(context, agreementPrefix, code);
+    return joinPath(context.licenseDir, agreementName(code));
 }
 
 std::string informationPath(const RunContext& context, const std::string& code) {
-    return languagePath(context, informationPrefix, code);
+    return joinPath(context.licenseDir, informationName(code));
 }
 
 bool readLicenseText(const RunContext& context, icu::UnicodeString& text) {

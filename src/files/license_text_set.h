@@ -12,7 +12,9 @@ struct RunContext;
 inline constexpr const char* nonVurTermsName = "non_vur_license";
 inline constexpr const char* noticesName = "notices";
 
-/// The paths of one language's licence agreement and licence information.
+/// The names of one language's licence agreement and licence information, and their paths.
+[[nodiscard]] std::string agreementName(const std::string& code);
+[[nodiscard]] std::string informationName(const std::string& code);
 [[nodiscard]] std::string agreementPath(const RunContext& context, const std::string& code);
 [[nodiscard]] std::string informationPath(const RunContext& context, const std::string& code);
 
