@@ -43,7 +43,10 @@ build_needs='
 command -v c++ | g++ | a C++20 compiler (g++ 12 or clang 14, or newer)
 has_cmake | cmake | CMake 3.25 or newer
 command -v ninja | ninja-build | Ninja
-command -v iconv | libc-bin | iconv
+has_header CLI/CLI.hpp | libcli11-dev | CLI11
+has_header nlohmann/json.hpp | nlohmann-json3-dev | JSON for Modern C++
+has_header libexttextcat/fingerprint.h | libexttextcat-dev | libexttextcat with its static library
+[ -f /usr/share/libexttextcat/en.lm ] | libexttextcat-data | the language models of libexttextcat
 has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and static libraries'
 test_needs='
 has_header gtest/gtest.h | libgtest-dev | GoogleTest

@@ -22,5 +22,14 @@ link_unit(driver console app/command_line app/run_driver)
 
 executable(zev driver app/legal_notice app/main)
 
+link_unit(authoring console
+  authoring/atomic_directory authoring/authoring_command_line authoring/build_command authoring/character_checks
+  authoring/check_command authoring/code_page_loss authoring/commands authoring/descriptor authoring/finding
+  authoring/finished_text authoring/language_guess authoring/language_models authoring/language_profile authoring/messages
+  authoring/preview_command authoring/set_builder authoring/set_checks authoring/set_files authoring/shown_language
+  authoring/terminal_columns authoring/text_checks authoring/text_encoding authoring/text_source)
+
+executable(zev-licenses authoring authoring/main)
+
 objects(icu_left_out shipped/icu_left_out)
 objects(no_plugins shipped/no_plugins)

@@ -1,0 +1,119 @@
+#include "authoring/authoring_command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+#include "authoring/code_page_loss.h"
+#include "authoring/commands.h"
+#include "authoring/messages.h"
+#include "authoring/set_files.h"
+#include "lang/environment_locale.h"
+
+namespace zev {
+
+namespace {
+
+constexpr int mostCells = 10'000;  ///< in a row or column of any terminal
+
+/// What the user asks for, of which one is used.
+struct Calls {
+    BuildCommand build;
+    CheckCommand check;
+    PreviewCommand preview;
+};
+
+void addLanguageSet(CLI::App& command, int& set) {
+    command.add_option("--langset", set, "The set of languages, as for zev: 4 has 17, 3 has 13")
+        ->capture_default_str()
+        ->check(CLI::IsMember({defaultLanguageSet, alternativeLanguageSet}));
+}
+
+void declareBuild(CLI::App& command, BuildCommand& build) {
+    command.add_option("SOURCES", build.sources, "Directory with LA_xx.txt and LI_xx.txt in UTF-8")->required();
+    command.add_option("OUT", build.output, "Licence directory to make or to replace")->required();
+    command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one");
+    addLanguageSet(command, build.languageSet);
+}
+
+void declareCheck(CLI::App& command, CheckCommand& check) {
+    command.add_option("DIR", check.directory, "Licence directory")->required();
+    command.add_option("--stand-in", check.standIn, "Language whose text may stand in the place of others");
+    command.add_flag("--pages", check.pages, "Add what the code pages of each language lose");
+    command.add_flag("--json", check.json, "Write JSON");
+    command.add_flag("--strict", check.strict, "Count warnings as findings");
+    addLanguageSet(command, check.languageSet);
+}
+
+void declarePreview(CLI::App& command, PreviewCommand& preview) {
+    const auto codePageProblem = [](const std::string& name) {
+        return isCodePage(name) ? std::string() : "unknown code page: " + name;
+    };
+    command.add_option("DIR", preview.directory, "Licence directory")->required();
+    command.add_option("--lang", preview.languages, "Languages, such as it,ru; else all of the set")->delimiter(',');
+    command.add_option("--width", preview.width, "Columns of the terminal")
+        ->capture_default_str()
+        ->check(CLI::Range(1, mostCells));
+    command.add_option("--code-page", preview.codePage, "Code page of the terminal: count what it loses")
+        ->check(codePageProblem, "NAME");
+    command.add_option("--pages-of", preview.pageHeight, "Lines of the terminal: show pages and prompts as they come")
+        ->check(CLI::Range(1, mostCells));
+    command.add_option("--html", preview.html, "Write a page for the browser, of all that can be asked, to this file");
+    addLanguageSet(command, preview.languageSet);
+}
+
+/// CLI11 reports the wrong use of an option by throwing; so does this, for what depends on two options.
+void requireLanguage(const std::string& option, const std::string& code, int languageSet) {
+    const auto codes = codesOfSet(languageSet);
+    if (code.empty() || std::ranges::find(codes, code) != codes.end()) return;
+    throw CLI::ValidationError(option, "no language of the set: " + code);
+}
+
+void checkLanguages(const Calls& calls) {
+    requireLanguage("--stand-in", calls.build.standIn, calls.build.languageSet);
+    requireLanguage("--stand-in", calls.check.standIn, calls.check.languageSet);
+    for (const std::string& code : calls.preview.languages) {
+        requireLanguage("--lang", code, calls.preview.languageSet);
+    }
+}
+
+/// Everything shown is UTF-8, and zev's texts are taken as it shows them on a terminal of that.
+void settleCodePage() {
+    setenv("LC_ALL", "C.UTF-8", 1);
+    adoptEnvironmentLocale();
+}
+
+}  // namespace
+
+int runAuthoring(int argc, char** argv) {
+    Calls calls;
+    CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
+    app.set_version_flag("--version", runOptions.version, "Print the version and end");
+    app.footer("Ends with 0 when all is well, 1 with findings, 2 when it cannot work.");
+    app.require_subcommand(1);
+    CLI::App& build = *app.add_subcommand("build", "Make a licence directory of texts in UTF-8");
+    CLI::App& check = *app.add_subcommand("check", "Find what is wrong with a licence directory");
+    CLI::App& preview = *app.add_subcommand("preview", "Show what zev shows of a licence directory");
+    declareBuild(build, calls.build);
+    declareCheck(check, calls.check);
+    declarePreview(preview, calls.preview);
+
+    settleCodePage();
+    int status = authoring_status::clean;
+    try {
+        app.parse(argc, argv);
+        checkLanguages(calls);
+        status = build.parsed()   ? runBuild(calls.build)
+                 : check.parsed() ? runCheck(calls.check)
+                                  : runPreview(calls.preview);
+    } catch (const CLI::ParseError& error) {
+        if (app.exit(error) != 0) status = authoring_status::cannotWork;
+    } catch (const std::exception& error) {
+        status = cannotWork(error.what());
+    }
+    return std::cout.flush() ? status : cannotWork("standard output cannot be written");
+}
+
+}  // namespace zev

@@ -1,0 +1,94 @@
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "authoring/code_page_loss.h"
+#include "authoring/commands.h"
+#include "authoring/finding.h"
+#include "authoring/messages.h"
+#include "authoring/set_checks.h"
+#include "authoring/set_files.h"
+#include "authoring/shown_language.h"
+
+namespace zev {
+
+namespace {
+
+struct PageLoss {
+    const char* codePage;
+    CodePageLoss loss;
+};
+
+struct LanguageLosses {
+    std::string code;
+    std::vector<PageLoss> pages;
+};
+
+/// What the code pages of each language lose of it; languages that cannot be shown are left out.
+std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
+    std::vector<LanguageLosses> losses;
+    for (const std::string& code : codesOfSet(command.languageSet)) {
+        ShownLanguage language(command.directory, command.languageSet, code);
+        if (!language.load()) continue;
+        auto& pages = losses.emplace_back(LanguageLosses{code, {}}).pages;
+        for (const char* page : profileOf(code).codePages) pages.push_back({page, lossIn(page, language.text())});
+    }
+    return losses;
+}
+
+void writeText(const CheckCommand& command, const Findings& findings, const std::vector<LanguageLosses>& losses) {
+    std::cout << listFindings(findings);
+    for (const auto& [code, pages] : losses) {
+        const char* separator = ": ";
+        std::cout << code;
+        for (const auto& [page, loss] : pages) {
+            const std::size_t count = loss.count();
+            std::cout << separator << page << " loses ";
+            if (count == 0) {
+                std::cout << "nothing";
+            } else {
+                std::cout << count << " (" << loss.list() << ")";
+            }
+            separator = ", ";
+        }
+        std::cout << "\n";
+    }
+    std::cout << nameOfDirectory(command.directory) << ": " << summaryOf(findings) << "\n";
+}
+
+void writeJson(const CheckCommand& command, const Findings& findings, const std::vector<LanguageLosses>& losses) {
+    nlohmann::ordered_json report{{"directory", command.directory},
+                                  {"errors", countOf(findings, Severity::error)},
+                                  {"warnings", countOf(findings, Severity::warning)},
+                                  {"findings", nlohmann::ordered_json::array()}};
+    for (const Finding& finding : findings) {
+        nlohmann::ordered_json row{{"file", finding.file}};
+        if (finding.line > 0) row["line"] = finding.line;
+        row["severity"] = finding.severity == Severity::error ? "error" : "warning";
+        row["kind"] = finding.kind;
+        row["message"] = finding.message;
+        report["findings"].push_back(std::move(row));
+    }
+    for (const auto& [code, pages] : losses) {
+        for (const auto& [page, loss] : pages) {
+            report["codePages"][code][page] = {{"lost", loss.count()}, {"characters", loss.list()}};
+        }
+    }
+    constexpr int indent = 2;
+    std::cout << report.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace
+
+int runCheck(const CheckCommand& command) {
+    Findings findings;
+    std::string problem;
+    if (!checkSet(command.directory, {command.languageSet, command.standIn}, findings, problem)) {
+        return cannotWork(command.directory + ": " + problem);
+    }
+    const auto losses = command.pages ? measureLosses(command) : std::vector<LanguageLosses>{};
+    (command.json ? writeJson : writeText)(command, findings, losses);
+    const std::size_t counted = command.strict ? findings.size() : countOf(findings, Severity::error);
+    return counted > 0 ? authoring_status::findings : authoring_status::clean;
+}
+
+}  // namespace zev

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/run_options.h"
+
+namespace zev {
+
+/// What zev-licenses ends with.
+namespace authoring_status {
+inline constexpr int clean = 0;
+inline constexpr int findings = 1;
+inline constexpr int cannotWork = 2;
+}  // namespace authoring_status
+
+struct BuildCommand {
+    std::string sources, output, standIn;
+    int languageSet = defaultLanguageSet;
+};
+
+struct CheckCommand {
+    std::string directory, standIn;
+    int languageSet = defaultLanguageSet;
+    bool pages = false, json = false, strict = false;
+};
+
+struct PreviewCommand {
+    std::string directory, codePage, html;
+    std::vector<std::string> languages;  ///< all of the set where empty
+    int languageSet = defaultLanguageSet;
+    int32_t width = 80;      ///< columns
+    int32_t pageHeight = 0;  ///< lines of the screen; 0 shows the text without pages and prompts
+};
+
+/// Run a command: results go to standard output, messages to standard error. They return the exit status.
+[[nodiscard]] int runBuild(const BuildCommand& command);
+[[nodiscard]] int runCheck(const CheckCommand& command);
+[[nodiscard]] int runPreview(const PreviewCommand& command);
+
+}  // namespace zev

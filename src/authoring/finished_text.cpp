@@ -1,0 +1,60 @@
+#include "authoring/finished_text.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "app/run_options.h"
+#include "authoring/finding.h"
+#include "authoring/text_encoding.h"
+#include "authoring/text_source.h"
+
+namespace zev {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text) {
+    icu::UnicodeString result;
+    for (int32_t i = 0; i < text.length(); ++i) {
+        if (text[i] != u'\r') {
+            result += text[i];
+            continue;
+        }
+        while (text.charAt(i + 1) == u'\r') ++i;
+        if (text.charAt(i + 1) != u'\n') result += u'\n';
+    }
+    return result;
+}
+
+/// Whether the bytes of a file are those that its own text would be written as.
+bool isFinished(const fs::path& path, const SetFile& file) {
+    const FileContent content = readRegularFile(path);
+    return content.good() && finishedText(decodeText(content.bytes, file.language).text, file.kind) == content.bytes;
+}
+
+}  // namespace
+
+std::string finishedText(icu::UnicodeString text, TextKind kind) {
+    while (text.startsWith(u"\uFEFF")) text.remove(0, 1);
+    text = withoutCarriageReturns(text);
+    if (kind == TextKind::agreement && !text.endsWith(u"\n")) text += u'\n';
+    if (kind == TextKind::information && !text.startsWith(u"\n")) text.insert(0, u'\n');
+    return encodeUtf16(text);
+}
+
+std::string whyNotReplaceable(const std::string& directory) {
+    std::error_code error;
+    if (!fs::exists(directory, error) && !error) return "";
+    const auto files = filesOfSet(defaultLanguageSet);
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        const auto file = std::ranges::find(files, name, &SetFile::name);
+        if (file == files.end() || entry->is_symlink(error) || !isFinished(entry->path(), *file)) {
+            return "it holds " + printable(name) + ", which this command has not written";
+        }
+    }
+    return error ? error.message() : "";
+}
+
+}  // namespace zev

@@ -1,0 +1,7 @@
+#include "authoring/commands.h"
+
+namespace zev {
+
+int runPreview(const PreviewCommand&) { return authoring_status::cannotWork; }
+
+}  // namespace zev

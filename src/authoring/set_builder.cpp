@@ -1,0 +1,153 @@
+#include "authoring/set_builder.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "app/run_options.h"
+#include "authoring/atomic_directory.h"
+#include "authoring/finished_text.h"
+#include "authoring/set_files.h"
+#include "authoring/text_checks.h"
+#include "authoring/text_encoding.h"
+#include "authoring/text_source.h"
+#include "files/license_text_set.h"
+#include "files/paths.h"
+
+namespace zev {
+
+namespace {
+
+constexpr const char* sourceSuffix = ".txt";
+
+std::string nameOf(TextKind kind, const std::string& code) {
+    return kind == TextKind::agreement ? agreementName(code) : informationName(code);
+}
+
+/// The texts that a set is made of, as far as they are there.
+class Sources {
+public:
+    Sources(const std::string& directory, const BuildOptions& options) : directory_(directory), options_(options) {
+        for (const SetFile& file : filesOfSet(options.languageSet)) read(file);
+    }
+
+    /// What `check` calls an error, and texts that nothing stands in for.
+    [[nodiscard]] Findings errors() const {
+        Findings errors = errors_;
+        for (const SetFile& file : missing_) {
+            if (options_.standIn.empty() || isMissing(nameOf(file.kind, options_.standIn))) {
+                errors.push_back({labelOf(file.name), 0, Severity::error, "missing", missingFile});
+            }
+        }
+        for (const Finding& finding : checkTexts(texts_, options_.standIn)) {
+            if (finding.severity == Severity::error) errors.push_back(finding);
+        }
+        return errors;
+    }
+
+    /// The files of the set; there are no errors.
+    [[nodiscard]] DirectoryContent content() const {
+        DirectoryContent content;
+        for (const SetText& text : texts_)
+            content.emplace_back(text.file.name, finishedText(text.text, text.file.kind));
+        for (const SetFile& file : missing_) {
+            const auto standIn =
+                std::ranges::find(content, nameOf(file.kind, options_.standIn), &DirectoryContent::value_type::first);
+            content.emplace_back(file.name, standIn->second);
+        }
+        return content;
+    }
+
+    [[nodiscard]] std::vector<std::string> notes() const {
+        std::vector<std::string> notes;
+        for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
+            std::string note = nameOf(kind, "").substr(0, 2) + ": " + options_.standIn + " stands in for";
+            const std::size_t beginning = note.size();
+            for (const SetFile& file : missing_) {
+                if (file.kind == kind) note += std::string(" ") + file.language->code;
+            }
+            if (note.size() > beginning) notes.push_back(note);
+        }
+        return notes;
+    }
+
+private:
+    [[nodiscard]] std::string labelOf(const std::string& name) const {
+        return joinPath(directory_, name + sourceSuffix);
+    }
+
+    [[nodiscard]] bool isMissing(const std::string& name) const {
+        return std::ranges::find(missing_, name, &SetFile::name) != missing_.end();
+    }
+
+    void read(const SetFile& file) {
+        const std::string label = labelOf(file.name);
+        const FileContent content = readRegularFile(label);
+        if (content.problem == missingFile) {
+            if (file.language != nullptr) missing_.push_back(file);
+            return;
+        }
+        if (!content.good()) {
+            errors_.push_back({label, 0, Severity::error, "unreadable", content.problem});
+            return;
+        }
+        SetText text{file, label, {}};
+        const auto wellFormed = static_cast<std::ptrdiff_t>(decodeUtf8(content.bytes, text.text));
+        if (content.bytes.begin() + wellFormed != content.bytes.end()) {
+            const auto lineFeeds = std::count(content.bytes.begin(), content.bytes.begin() + wellFormed, '\n');
+            errors_.push_back(
+                {label, 1 + static_cast<std::size_t>(lineFeeds), Severity::error, "encoding", "not UTF-8"});
+            return;
+        }
+        texts_.push_back(std::move(text));
+    }
+
+    const std::string& directory_;
+    const BuildOptions& options_;
+    std::vector<SetText> texts_;
+    std::vector<SetFile> missing_;
+    Findings errors_;
+};
+
+/// Files of the sources that look like texts and are none of any set: a slip of the pen would let another text stand
+/// in.
+Findings misnamedSources(const std::string& directory, std::string& problem) {
+    namespace fs = std::filesystem;
+    const auto files = filesOfSet(defaultLanguageSet);
+    Findings findings;
+    std::error_code error;
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        const bool looksLikeText = name.starts_with(agreementName("")) || name.starts_with(informationName(""));
+        const bool isKnown =
+            std::ranges::any_of(files, [&](const SetFile& file) { return file.name + sourceSuffix == name; });
+        if (looksLikeText && !isKnown) {
+            findings.push_back(
+                {joinPath(directory, name), 0, Severity::warning, "name", "not the name of a text of any set"});
+        }
+    }
+    if (error) problem = directory + ": " + error.message();
+    std::ranges::sort(findings, {}, &Finding::file);
+    return findings;
+}
+
+}  // namespace
+
+BuildResult buildSet(const std::string& sourceDirectory, const std::string& output, const BuildOptions& options) {
+    BuildResult result;
+    result.findings = misnamedSources(sourceDirectory, result.problem);
+    if (!result.problem.empty()) return result;
+    const Sources sources(sourceDirectory, options);
+    std::ranges::copy(sources.errors(), std::back_inserter(result.findings));
+    if (countOf(result.findings, Severity::error) > 0) return result;
+    if (const std::string reason = whyNotReplaceable(output); !reason.empty()) {
+        result.problem = output + ": not replaced: " + reason;
+        return result;
+    }
+    const DirectoryContent content = sources.content();
+    result.notes = sources.notes();
+    result.files = content.size();
+    result.problem = replaceDirectory(output, content);
+    return result;
+}
+
+}  // namespace zev

@@ -1,0 +1,131 @@
+#include "authoring/set_checks.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <map>
+#include <vector>
+
+#include "app/exit_code.h"
+#include "authoring/set_files.h"
+#include "authoring/shown_language.h"
+#include "authoring/text_checks.h"
+#include "authoring/text_encoding.h"
+#include "authoring/text_source.h"
+#include "files/license_text_set.h"
+#include "files/paths.h"
+
+namespace zev {
+
+namespace {
+
+constexpr int32_t usualWidth = 80;  ///< columns of the terminal that words must fit
+
+const char* encodingError(Encoding encoding) {
+    switch (encoding) {
+        case Encoding::utf16: break;
+        case Encoding::utf16LittleEndian:
+            return "UTF-16 in little-endian order without a mark; zev shows it as Chinese characters. "
+                   "Put the bytes FF FE before it";
+        case Encoding::utf8:
+            return "UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build";
+        case Encoding::utf32: return "UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build";
+        case Encoding::codePage:
+            return "an 8-bit code page, not UTF-16; zev shows it as Chinese characters. "
+                   "Convert it to UTF-8, then with: zev-licenses build";
+    }
+    return nullptr;
+}
+
+std::size_t lineAt(const icu::UnicodeString& text, int32_t position) {
+    const char16_t* units = text.getBuffer();
+    return 1 + static_cast<std::size_t>(std::count(units, units + position, u'\n'));
+}
+
+class SetCheck {
+public:
+    SetCheck(const std::string& directory, const CheckOptions& options) : directory_(directory), options_(options) {}
+
+    Findings run(const std::vector<std::string>& names) {
+        for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
+        std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
+        for (const std::string& code : codesOfSet(options_.languageSet)) checkLayout(code);
+        std::ranges::stable_sort(findings_, {}, [this](const Finding& finding) { return order_.at(finding.file); });
+        for (const std::string& name : names) {
+            if (!order_.contains(name))
+                addFinding(name, Severity::warning, "name", "zev never reads a file of this name");
+        }
+        return std::move(findings_);
+    }
+
+private:
+    void addFinding(const std::string& name, Severity severity, const char* kind, const std::string& message,
+                    std::size_t line = 0) {
+        findings_.push_back({name, line, severity, kind, message});
+    }
+
+    void readFile(const SetFile& file) {
+        order_.emplace(file.name, order_.size());
+        const FileContent content = readRegularFile(joinPath(directory_, file.name));
+        if (!content.good()) {
+            const bool isMissing = content.problem == missingFile;
+            if (isMissing && file.language == nullptr) return;
+            addFinding(file.name, Severity::error, isMissing ? "missing" : "unreadable", content.problem);
+            return;
+        }
+        const DecodedText decoded = decodeText(content.bytes, file.language);
+        if (const char* error = encodingError(decoded.encoding); error != nullptr && !content.bytes.empty()) {
+            addFinding(file.name, Severity::error, "encoding", error);
+        }
+        if (decoded.oddByte) {
+            addFinding(file.name, Severity::error, "odd-byte", "odd number of bytes; the last one is half a character");
+        }
+        const bool isDecoded = decoded.encoding != Encoding::codePage && decoded.encoding != Encoding::utf32;
+        if (isDecoded) texts_.push_back({file, file.name, decoded.text});
+    }
+
+    void checkLayout(const std::string& code) {
+        ShownLanguage language(directory_, options_.languageSet, code);
+        if (!language.load()) return;  // the files have findings that say why
+        ShownLines lines;
+        if (!language.layOut(usualWidth, lines)) {
+            addFinding(agreementName(code), Severity::error, "layout",
+                       "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
+        }
+        for (const SetText& text : texts_) {
+            const bool isShownIn = text.file.language != nullptr
+                                       ? text.file.language->code == code
+                                       : text.file.kind == TextKind::otherPartiesTerms && code == "en";
+            int32_t position = 0;
+            if (!isShownIn || !language.cutsWords(text.text, usualWidth, position)) continue;
+            addFinding(text.label, Severity::warning, "wide-word",
+                       "a word wider than 79 columns is cut at the edge of the screen", lineAt(text.text, position));
+        }
+    }
+
+    const std::string& directory_;
+    const CheckOptions& options_;
+    Findings findings_;
+    std::vector<SetText> texts_;
+    std::map<std::string, std::size_t> order_;  ///< of the files of the set
+};
+
+}  // namespace
+
+bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings, std::string& problem) {
+    std::error_code error;
+    std::vector<std::string> names;
+    for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
+         entry.increment(error)) {
+        names.push_back(entry->path().filename());
+    }
+    if (error) {
+        problem = error.message();
+        return false;
+    }
+    std::ranges::sort(names);
+    findings = SetCheck(directory, options).run(names);
+    return true;
+}
+
+}  // namespace zev

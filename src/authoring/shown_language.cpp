@@ -1,0 +1,89 @@
+#include "authoring/shown_language.h"
+
+#include <sys/stat.h>
+#include <unicode/brkiter.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "console/dialog_run.h"
+#include "console/license_dialog.h"
+#include "console/terminal_geometry.h"
+#include "files/license_text_set.h"
+#include "files/paths.h"
+#include "lang/resource_factory.h"
+
+namespace zev {
+
+namespace {
+
+/// Whether opening the file could wait for ever or act on something.
+bool isSpecial(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
+RunContext contextFor(const std::string& directory, int languageSet, const std::string& code) {
+    RunContext context;
+    context.licenseDir = directory;
+    context.locale = icu::Locale(code.c_str());
+    context.resource = createResource(code.c_str(), true);
+    context.languageSet = languageSet;
+    return context;
+}
+
+}  // namespace
+
+uint32_t ShownLines::pageLines(int32_t height) const {
+    screenHeight = height;
+    return textLinesPerPage(std::max(endPrompt->size(), continuePrompt->size()));
+}
+
+std::size_t ShownLines::pages(int32_t height) const {
+    const std::size_t lines = pageLines(height);
+    return lines == 0 ? 0 : (license->size() + lines - 1) / lines;
+}
+
+ShownLanguage::ShownLanguage(const std::string& directory, int languageSet, const std::string& code)
+    : context_(contextFor(directory, languageSet, code)), dialog_(std::make_unique<LicenseDialog>(context_)) {}
+
+ShownLanguage::~ShownLanguage() = default;
+
+bool ShownLanguage::load() {
+    // All that is opened on the way: the prompt asks whether there are English texts and terms of other parties.
+    for (const std::string code : {context_.resource->getLanguageCode(), "en"}) {
+        if (isSpecial(agreementPath(context_, code)) || isSpecial(informationPath(context_, code))) return false;
+    }
+    if (isSpecial(joinPath(context_.licenseDir, nonVurTermsName))) return false;
+
+    if (!readLicenseText(context_, text_)) return false;
+    endPrompt_ = context_.resource->CLIACCMSG_KEY().unescape();
+    confirmation_ = context_.resource->CLICFMMSG_KEY().unescape();
+    // Comes last: where it switches languages it takes Traditional for Simplified Chinese on the way back, as zev does.
+    continuePrompt_ = buildContinuePrompt(*dialog_);
+    return true;
+}
+
+bool ShownLanguage::layOut(int32_t width, ShownLines& lines) const {
+    lines.license = breakText(*dialog_, text_, width);
+    lines.continuePrompt = breakText(*dialog_, continuePrompt_, width);
+    lines.endPrompt = breakText(*dialog_, endPrompt_, width);
+    lines.confirmation = breakText(*dialog_, confirmation_, width);
+    return lines.license && lines.continuePrompt && lines.endPrompt && lines.confirmation;
+}
+
+bool ShownLanguage::cutsWords(const icu::UnicodeString& text, int32_t width, int32_t& position) const {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> breaks(
+        icu::BreakIterator::createLineInstance(*dialog_->currentLocale, status));
+    if (U_FAILURE(status)) return false;
+    breaks->setText(text);
+    for (int32_t begin = breaks->first(), end; (end = breaks->next()) != icu::BreakIterator::DONE; begin = end) {
+        if (displayWidth(*dialog_, text.tempSubStringBetween(begin, end)) < width) continue;
+        position = begin;
+        return true;
+    }
+    return false;
+}
+
+}  // namespace zev

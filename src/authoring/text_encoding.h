@@ -1,0 +1,36 @@
+#pragma once
+
+#include <unicode/unistr.h>
+
+#include <string>
+#include <string_view>
+
+#include "authoring/language_profile.h"
+
+namespace zev {
+
+enum class Encoding {
+    utf16,              ///< as zev reads it: by its mark, without one big-endian
+    utf16LittleEndian,  ///< without a mark
+    utf8,
+    utf32,
+    codePage,  ///< any other, of 8 bits or several bytes
+};
+
+struct DecodedText {
+    Encoding encoding = Encoding::utf16;
+    icu::UnicodeString text;  ///< without the mark at the start; empty for the last two encodings
+    bool oddByte = false;     ///< UTF-16, and the last byte is half a code unit
+};
+
+/// Tells how the bytes of a licence text are encoded, and decodes them. The language helps where the bytes leave it
+/// open; null for the files that serve all languages.
+[[nodiscard]] DecodedText decodeText(std::string_view bytes, const LanguageProfile* language);
+
+/// Decodes UTF-8, without its mark. Returns the number of bytes that are well-formed, which is all of them on success.
+[[nodiscard]] std::size_t decodeUtf8(std::string_view bytes, icu::UnicodeString& text);
+
+/// UTF-16 in big-endian order behind a mark.
+[[nodiscard]] std::string encodeUtf16(const icu::UnicodeString& text);
+
+}  // namespace zev

@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unicode/unistr.h>
+
+#include <nlohmann/json.hpp>
+
+#include "authoring/language_profile.h"
+#include "authoring/set_files.h"
+#include "authoring/support.h"
+#include "authoring/text_encoding.h"
+
+namespace zev::test {
+namespace {
+
+using namespace std::string_literals;
+
+/// An English agreement that is long enough to be told from other languages, with something in its third line.
+std::string english(const std::u16string& more, const std::u16string& end = u"\n") {
+    return bigEndian(u"This agreement is made between the maker of the program and you.\n\n" + more +
+                     u" is in the text" + end);
+}
+
+TEST(Check, findsEachFaultAndNothingElse) {
+    const struct {
+        const char* name;
+        const char* file;
+        std::string bytes;
+        std::string expected;
+    } rows[]{
+        {"empty", "LA_en", "", "LA_en: error: empty\n"},
+        {"a mark alone", "LI_de", "\xFE\xFF", "LI_de: error: empty\n"},
+        {"blanks", "notices", bigEndian(u" \n \n"), "notices: error: empty\n"},
+        {"UTF-8", "LA_en", "Terms\n",
+         "LA_en: error: UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build\n"},
+        {"UTF-8 with a mark and a NUL", "LA_en", "\xEF\xBB\xBFthe terms\0more of the terms\n"s,
+         "LA_en: error: UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build\n"
+         "LA_en:1: error: U+0000: the screen ends here, the copy does not\n"},
+        {"UTF-32", "LA_en", "\xFF\xFE\0\0T\0\0\0"s,
+         "LA_en: error: UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build\n"
+         "LA_en: error: cannot be laid out; zev ends with 23\n"},
+        {"half a character", "LA_en", english(u"Nothing") + "x",
+         "LA_en: error: odd number of bytes; the last one is half a character\n"},
+        {"a NUL", "LA_en", english(std::u16string(2, u'\0')),
+         "LA_en:3: error: U+0000 (x2): the screen ends here, the copy does not\n"},
+        {"U+FFFF", "LA_en", english(u"\uFFFF"),
+         "LA_en:3: error: U+FFFF: the text ends here, on the screen and in the copy\n"},
+        {"half a pair", "LA_en", english(u"\xD83D"),
+         "LA_en:3: error: unpaired surrogate: half a character, shown as U+FFFD\n"},
+        {"the other script", "LA_el", english(u"Nothing"),
+         "LA_el: error: most letters are not of the language's script\n"},
+        {"Chinese in Japanese", "LI_ja", bigEndian(u"授權條款\n"),
+         "LI_ja: error: most letters are not of the language's script\n"},
+        {"CR LF", "LA_en", english(u"Nothing", u"\r\n\r\n"),
+         "LA_en: warning: CR LF line ends (x2); the copies get them too\n"},
+        {"CR", "LA_en", english(u"a\rb"),
+         "LA_en:3: warning: CR in a line: what follows is shown over what stands before\n"},
+        {"no last line feed", "LA_en", english(u"Nothing", u""),
+         "LA_en: warning: no line feed at the end; the information begins in its last line\n"},
+        {"a tab", "LA_en", english(u"\t"), "LA_en:3: warning: tab: counted as one column, shown as up to eight\n"},
+        {"a vertical tab", "LA_en", english(u"\v"),
+         "LA_en:3: warning: vertical tab: goes down where it stands, and the page scrolls\n"},
+        {"a form feed", "LA_en", english(u"\f"),
+         "LA_en:3: warning: form feed: clears the screen or goes down, and the page scrolls\n"},
+        {"an escape", "LA_en", english(u"\x1B[31m"),
+         "LA_en:3: warning: escape: the terminal takes what follows for a command\n"},
+        {"a bell", "LA_en", english(u"\a"),
+         "LA_en:3: warning: control character: obeyed by the terminal, or counted and not shown\n"},
+        {"next line", "LA_en", english(u"\x85"),
+         "LA_en:3: warning: U+0085: no end of a line for zev, perhaps one for the terminal\n"},
+        {"separators", "LA_en", english(u"\u2028\u2029"),
+         "LA_en:3: warning: U+2028: no end of a line for zev\n"
+         "LA_en:3: warning: U+2029: no end of a paragraph for zev\n"},
+        {"a mark inside", "LA_en", english(u"\uFEFF"),
+         "LA_en:3: warning: byte order mark in the text: counted and not shown\n"},
+        {"a soft hyphen", "LA_en", english(u"\xAD"),
+         "LA_en:3: warning: soft hyphen: shown in the middle of a line, or counted and not shown\n"},
+        {"turned text", "LA_en", english(u"\u202E\u2066\u200F"),
+         "LA_en:3: warning: bidirectional control (x3): turns the order of what follows, or is counted and not "
+         "shown\n"},
+        {"a lost character", "LA_en", english(u"\uFFFD"),
+         "LA_en:3: warning: U+FFFD: a character was lost before the text came here\n"},
+        {"a wide character", "LA_en", english(u"日本"),
+         "LA_en:3: warning: wide character (x2): counted as one column and shown as two, so its line may overflow\n"},
+        {"a long word", "LA_en", english(std::u16string(80, u'x')),
+         "LA_en:3: warning: a word wider than 79 columns is cut at the edge of the screen\n"},
+        {"a word that just fits", "LA_en", english(std::u16string(78, u'x')), ""},
+        {"a stranger", "LA_en.txt", "", "LA_en.txt: warning: zev never reads a file of this name\n"},
+        {"a strange name", "a\nb \xFF", "", "a\uFFFDb \uFFFD: warning: zev never reads a file of this name\n"},
+        {"a tab in what is only copied", "notices", bigEndian(u"Name\tOwner\n"), ""},
+    };
+    const SampleSet set;
+    ASSERT_EQ(set.check({"--strict"}), "");
+    for (const auto& [name, file, bytes, expected] : rows) {
+        SCOPED_TRACE(name);
+        const std::string path = std::string("set/") + file;
+        const bool isOurs = set.has(path);
+        const std::string good = set.read(path);
+        set.write(path, bytes);
+        EXPECT_EQ(set.check(), expected);
+        isOurs ? set.write(path, good) : set.remove(path);
+    }
+}
+
+TEST(Check, namesFilesThatCannotBeRead) {
+    const SampleSet set;
+    set.remove("set/LA_cs");
+    set.link("set/LI_cs", "nowhere");
+    set.link("set/LA_de", "LA_de");
+    for (const char* name : {"set/LA_el", "set/LI_el", "set/notices"}) set.remove(name);
+    mkdir(set.path("set/LA_el").c_str(), 0700);
+    mkfifo(set.path("set/LI_el").c_str(), 0600);
+    set.link("set/LA_en", "/dev/zero");
+    set.link("set/LI_en", "../big");
+    set.write("big", "x");
+    std::filesystem::resize_file(set.path("big"), (256 << 20) + 1);
+    EXPECT_EQ(set.check(), "LA_cs LI_cs: error: missing\n"
+                           "LA_de: error: cannot be read: Too many levels of symbolic links\n"
+                           "LA_el LI_el LA_en: error: not a regular file\n"
+                           "LI_en: error: larger than 256 MiB: no licence text\n");
+}
+
+TEST(Check, tellsEveryEncodingOfEveryLanguage) {
+    for (const SetFile& file : filesOfSet(4)) {
+        const std::string utf8 = Sandbox().read(ZEV_SAMPLE_TEXTS "/" + file.name + ".txt");
+        const auto text = icu::UnicodeString::fromUTF8(utf8);
+        const auto encodingOf = [&](const std::string& bytes) { return decodeText(bytes, file.language).encoding; };
+        SCOPED_TRACE(file.name);
+        EXPECT_EQ(encodingOf(utf8), Encoding::utf8);
+        EXPECT_EQ(encodingOf("\xEF\xBB\xBF" + utf8), Encoding::utf8);
+        const std::string big = encodeUtf16(text);
+        std::string little;
+        for (std::size_t i = 0; i < big.size(); i += 2) little += {big[i + 1], big[i]};
+        for (const std::string& bytes : {big, big.substr(2), little}) {
+            const DecodedText decoded = decodeText(bytes, file.language);
+            EXPECT_EQ(decoded.encoding, Encoding::utf16);
+            EXPECT_EQ(decoded.text, text);
+        }
+        EXPECT_EQ(encodingOf(little.substr(2)), Encoding::utf16LittleEndian);
+        if (file.language == nullptr) continue;
+        for (const char* codePage : file.language->codePages) {
+            std::string bytes(utf8.size() * 2, '\0');
+            bytes.resize(static_cast<std::size_t>(text.extract(0, text.length(), bytes.data(), codePage)));
+            const bool isAscii = bytes == utf8;
+            EXPECT_EQ(encodingOf(bytes), isAscii ? Encoding::utf8 : Encoding::codePage) << codePage;
+        }
+    }
+}
+
+TEST(Check, tellsSwappedAndRepeatedTexts) {
+    const SampleSet set;
+    const std::string spanish = set.read("set/LA_es"), italian = set.read("set/LA_it"), english = set.read("set/LA_en");
+    set.write("set/LA_es", italian);
+    set.write("set/LA_it", spanish);
+    EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped?\n"
+                           "LA_it: warning: most of it reads like es; are two files swapped?\n");
+    for (const char* name : {"set/LA_es", "set/LA_it", "set/LA_el"}) set.write(name, english);
+    EXPECT_EQ(set.check(), "LA_el LA_es LA_it: warning: the same text as LA_en\n");
+    EXPECT_EQ(set.check({"--stand-in", "en"}), "");
+    EXPECT_EQ(set.check({"--langset", "3"}),
+              "LA_es LA_it: warning: the same text as LA_en\n"
+              "LA_el LA_lt LA_ru LA_sl LI_el LI_lt LI_ru LI_sl: warning: zev never reads a file of this name\n");
+}
+
+TEST(Check, countsWhatCodePagesLose) {
+    const SampleSet set;
+    set.write("set/LA_ru", bigEndian(u"\u042F\u042F\u042F\u042F\n"));
+    set.write("set/LI_ru", bigEndian(u"\n\u042F \u2014 \u20AC \u2014 \xAD \u2500\n"));
+    const std::string out = set.check({"--pages"});
+    EXPECT_NE(out.find("\nru: KOI8-R loses 4 (\u2014 U+00AD \u20AC), ISO-8859-5 loses "), out.npos) << out;
+    EXPECT_NE(out.find("en: US-ASCII loses nothing\n"), out.npos) << out;
+}
+
+TEST(Check, writesTheSameForPrograms) {
+    const SampleSet set;
+    set.write("set/LA_en", english(u"\t\t\r"));
+    set.write("set/LA_zh_TW", "");
+    set.write("set/\xFF", "");
+    const auto report = nlohmann::json::parse(runLicenses({"check", set.path("set"), "--json", "--pages"}).out);
+    EXPECT_EQ(report["errors"], 1);
+    EXPECT_EQ(report["warnings"], 3);
+    EXPECT_EQ(report["findings"].size(), 4U);
+    EXPECT_EQ(report["findings"][1],
+              nlohmann::json::parse(R"({"file": "LA_en", "line": 3, "severity": "warning", "kind": "tab",
+        "message": "tab (x2): counted as one column, shown as up to eight"})"));
+    EXPECT_EQ(report["codePages"]["en"]["US-ASCII"]["lost"], 0);
+}
+
+TEST(Check, endsWithItsVerdict) {
+    const SampleSet set;
+    const std::string directory = set.path("set");
+    const auto expect = [&](const Arguments& options, int status, const std::string& summary) {
+        Arguments arguments{"check", directory + "//"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const Outcome outcome = runLicenses(arguments);
+        EXPECT_EQ(outcome.status, status);
+        EXPECT_TRUE(outcome.out.ends_with(directory + ": " + summary + "\n")) << outcome.out;
+        EXPECT_EQ(outcome.err, "");
+    };
+    expect({"--strict"}, 0, "no findings");
+    set.write("set/LA_en", english(u"\t"));
+    expect({}, 0, "0 errors, 1 warning");
+    expect({"--strict"}, 1, "0 errors, 1 warning");
+    set.remove("set/LA_en");
+    set.remove("set/LI_en");
+    expect({}, 1, "2 errors, 0 warnings");
+}
+
+}  // namespace
+}  // namespace zev::test
