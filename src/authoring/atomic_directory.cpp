@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "authoring/descriptor.h"
+#include "authoring/directory_listing.h"
 
 namespace zev {
 
@@ -28,12 +29,13 @@ std::string leftoverPrefix(const fs::path& path) { return "." + path.filename().
 /// Removes what killed runs left. Only the holder of the lock on the parent does, since no other run can be at work
 /// then.
 void clearLeftovers(const fs::path& path) {
+    std::vector<std::string> names;
+    std::string problem;
+    if (!listDirectory(path.parent_path(), names, problem)) return;
     std::error_code error;
-    std::vector<fs::path> leftovers;
-    for (fs::directory_iterator entry(path.parent_path(), error), end; !error && entry != end; entry.increment(error)) {
-        if (entry->path().filename().string().starts_with(leftoverPrefix(path))) leftovers.push_back(entry->path());
+    for (const std::string& name : names) {
+        if (name.starts_with(leftoverPrefix(path))) fs::remove_all(path.parent_path() / name, error);
     }
-    for (const fs::path& leftover : leftovers) fs::remove_all(leftover, error);
 }
 
 bool writeAll(int file, std::string_view bytes) {

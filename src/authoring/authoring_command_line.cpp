@@ -66,8 +66,8 @@ void declarePreview(CLI::App& command, PreviewCommand& preview) {
 
 /// CLI11 reports the wrong use of an option by throwing; so does this, for what depends on two options.
 void requireLanguage(const std::string& option, const std::string& code, int languageSet) {
-    const auto codes = codesOfSet(languageSet);
-    if (code.empty() || std::ranges::find(codes, code) != codes.end()) return;
+    const auto hasCode = [&](const LanguageEntry& language) { return language.code == code; };
+    if (code.empty() || std::ranges::any_of(languagesOfSet(languageSet), hasCode)) return;
     throw CLI::ValidationError(option, "no language of the set: " + code);
 }
 

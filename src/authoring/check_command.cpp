@@ -26,7 +26,7 @@ struct LanguageLosses {
 /// What the code pages of each language lose of it; languages that cannot be shown are left out.
 std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
     std::vector<LanguageLosses> losses;
-    for (const std::string& code : codesOfSet(command.languageSet)) {
+    for (const auto& [code, englishName] : languagesOfSet(command.languageSet)) {
         ShownLanguage language(command.directory, command.languageSet, code);
         if (!language.load()) continue;
         auto& pages = losses.emplace_back(LanguageLosses{code, {}}).pages;
@@ -83,7 +83,7 @@ int runCheck(const CheckCommand& command) {
     Findings findings;
     std::string problem;
     if (!checkSet(command.directory, {command.languageSet, command.standIn}, findings, problem)) {
-        return cannotWork(command.directory + ": " + problem);
+        return cannotWork(problem);
     }
     const auto losses = command.pages ? measureLosses(command) : std::vector<LanguageLosses>{};
     (command.json ? writeJson : writeText)(command, findings, losses);

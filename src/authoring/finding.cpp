@@ -8,14 +8,6 @@
 
 namespace zev {
 
-namespace {
-
-std::string counted(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-}  // namespace
-
 std::size_t countOf(const Findings& findings, Severity severity) {
     return static_cast<std::size_t>(std::ranges::count(findings, severity, &Finding::severity));
 }
@@ -52,6 +44,10 @@ std::string summaryOf(const Findings& findings) {
     if (findings.empty()) return "no findings";
     return counted(countOf(findings, Severity::error), "error") + ", " +
            counted(countOf(findings, Severity::warning), "warning");
+}
+
+std::string counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 std::string printable(const std::string& text) {

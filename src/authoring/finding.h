@@ -28,6 +28,9 @@ using Findings = std::vector<Finding>;
 /// "3 errors, 1 warning", or "no findings".
 [[nodiscard]] std::string summaryOf(const Findings& findings);
 
+/// "1 error", "2 errors".
+[[nodiscard]] std::string counted(std::size_t count, const std::string& noun);
+
 /// A name or text from outside in one line of UTF-8: control characters and what is not UTF-8 become U+FFFD.
 [[nodiscard]] std::string printable(const std::string& text);
 

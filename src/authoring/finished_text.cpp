@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "app/run_options.h"
-#include "authoring/finding.h"
+#include "authoring/directory_listing.h"
 #include "authoring/text_encoding.h"
 #include "authoring/text_source.h"
 
@@ -47,14 +47,17 @@ std::string whyNotReplaceable(const std::string& directory) {
     std::error_code error;
     if (!fs::exists(directory, error) && !error) return "";
     const auto files = filesOfSet(defaultLanguageSet);
-    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename();
+    std::vector<std::string> names;
+    std::string problem;
+    if (!listDirectory(directory, names, problem)) return problem;
+    for (const std::string& name : names) {
+        const fs::path path = fs::path(directory) / name;
         const auto file = std::ranges::find(files, name, &SetFile::name);
-        if (file == files.end() || entry->is_symlink(error) || !isFinished(entry->path(), *file)) {
-            return "it holds " + printable(name) + ", which this command has not written";
+        if (file == files.end() || fs::is_symlink(path, error) || !isFinished(path, *file)) {
+            return directory + ": not replaced: it holds " + name + ", which this command has not written";
         }
     }
-    return error ? error.message() : "";
+    return "";
 }
 
 }  // namespace zev

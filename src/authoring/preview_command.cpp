@@ -1,7 +1,97 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <iostream>
+
 #include "authoring/commands.h"
+#include "authoring/directory_listing.h"
+#include "authoring/messages.h"
+#include "authoring/preview_html.h"
+#include "authoring/preview_text.h"
+#include "authoring/set_checks.h"
+#include "authoring/set_files.h"
 
 namespace zev {
 
-int runPreview(const PreviewCommand&) { return authoring_status::cannotWork; }
+namespace {
+
+std::vector<LanguageEntry> languagesOf(const PreviewCommand& preview) {
+    auto languages = languagesOfSet(preview.languageSet);
+    std::erase_if(languages, [&](const LanguageEntry& language) {
+        return !preview.languages.empty() && std::ranges::count(preview.languages, language.code) == 0;
+    });
+    return languages;
+}
+
+/// Tells someone who waits at a terminal how far the work is, from the second second on.
+class Progress {
+public:
+    explicit Progress(std::size_t all) : all_(all) {}
+    ~Progress() {
+        if (isShown_) std::cerr << clearLine;
+    }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void startOn(const char* what) {
+        ++current_;
+        if (isatty(STDERR_FILENO) == 0 || std::chrono::steady_clock::now() - start_ < std::chrono::seconds(1)) return;
+        std::cerr << clearLine << what << " (" << current_ << " of " << all_ << ")" << std::flush;
+        isShown_ = true;
+    }
+
+private:
+    static constexpr const char* clearLine = "\r\x1B[K";
+
+    std::size_t all_;
+    std::size_t current_ = 0;
+    bool isShown_ = false;
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+int previewText(const PreviewCommand& preview) {
+    int status = authoring_status::clean;
+    for (const auto& [code, englishName] : languagesOf(preview)) {
+        ShownLanguage language(preview.directory, preview.languageSet, code);
+        ShownLines lines;
+        if (language.load() && language.layOut(preview.width, lines)) {
+            writePreview(std::cout, code, language, lines, preview);
+        } else {
+            std::cout << "== " << code << ": zev cannot show it; zev-licenses check says why\n";
+            status = authoring_status::findings;
+        }
+    }
+    return status;
+}
+
+int previewHtml(const PreviewCommand& preview, const Findings& findings) {
+    const auto languages = languagesOf(preview);
+    int status = authoring_status::clean;
+    PreviewPage page(preview, findings);
+    Progress progress(languages.size());
+    for (const LanguageEntry& language : languages) {
+        progress.startOn(language.englishName);
+        if (!page.add(language)) status = authoring_status::findings;
+    }
+    std::ofstream file(preview.html, std::ios::binary);
+    file << page.html();
+    file.close();
+    return file ? status : cannotWork(preview.html + ": cannot be written");
+}
+
+}  // namespace
+
+int runPreview(const PreviewCommand& preview) {
+    Findings findings;
+    std::string problem;
+    if (preview.html.empty()) {
+        std::vector<std::string> names;
+        return listDirectory(preview.directory, names, problem) ? previewText(preview) : cannotWork(problem);
+    }
+    if (!checkSet(preview.directory, {preview.languageSet, ""}, findings, problem)) return cannotWork(problem);
+    return previewHtml(preview, findings);
+}
 
 }  // namespace zev

@@ -1,10 +1,10 @@
 #include "authoring/set_builder.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "app/run_options.h"
 #include "authoring/atomic_directory.h"
+#include "authoring/directory_listing.h"
 #include "authoring/finished_text.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
@@ -111,22 +111,18 @@ private:
 /// Files of the sources that look like texts and are none of any set: a slip of the pen would let another text stand
 /// in.
 Findings misnamedSources(const std::string& directory, std::string& problem) {
-    namespace fs = std::filesystem;
     const auto files = filesOfSet(defaultLanguageSet);
+    std::vector<std::string> names;
     Findings findings;
-    std::error_code error;
-    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename();
+    if (!listDirectory(directory, names, problem)) return findings;
+    for (const std::string& name : names) {
         const bool looksLikeText = name.starts_with(agreementName("")) || name.starts_with(informationName(""));
-        const bool isKnown =
-            std::ranges::any_of(files, [&](const SetFile& file) { return file.name + sourceSuffix == name; });
-        if (looksLikeText && !isKnown) {
+        const auto isItsName = [&](const SetFile& file) { return file.name + sourceSuffix == name; };
+        if (looksLikeText && std::ranges::none_of(files, isItsName)) {
             findings.push_back(
                 {joinPath(directory, name), 0, Severity::warning, "name", "not the name of a text of any set"});
         }
     }
-    if (error) problem = directory + ": " + error.message();
-    std::ranges::sort(findings, {}, &Finding::file);
     return findings;
 }
 
@@ -139,10 +135,8 @@ BuildResult buildSet(const std::string& sourceDirectory, const std::string& outp
     const Sources sources(sourceDirectory, options);
     std::ranges::copy(sources.errors(), std::back_inserter(result.findings));
     if (countOf(result.findings, Severity::error) > 0) return result;
-    if (const std::string reason = whyNotReplaceable(output); !reason.empty()) {
-        result.problem = output + ": not replaced: " + reason;
-        return result;
-    }
+    result.problem = whyNotReplaceable(output);
+    if (!result.problem.empty()) return result;
     const DirectoryContent content = sources.content();
     result.notes = sources.notes();
     result.files = content.size();

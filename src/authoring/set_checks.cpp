@@ -1,12 +1,12 @@
 #include "authoring/set_checks.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <map>
 #include <vector>
 
 #include "app/exit_code.h"
+#include "authoring/directory_listing.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
@@ -49,7 +49,7 @@ public:
     Findings run(const std::vector<std::string>& names) {
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
         std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
-        for (const std::string& code : codesOfSet(options_.languageSet)) checkLayout(code);
+        for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
         std::ranges::stable_sort(findings_, {}, [this](const Finding& finding) { return order_.at(finding.file); });
         for (const std::string& name : names) {
             if (!order_.contains(name))
@@ -113,17 +113,8 @@ private:
 }  // namespace
 
 bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings, std::string& problem) {
-    std::error_code error;
     std::vector<std::string> names;
-    for (std::filesystem::directory_iterator entry(directory, error), end; !error && entry != end;
-         entry.increment(error)) {
-        names.push_back(entry->path().filename());
-    }
-    if (error) {
-        problem = error.message();
-        return false;
-    }
-    std::ranges::sort(names);
+    if (!listDirectory(directory, names, problem)) return false;
     findings = SetCheck(directory, options).run(names);
     return true;
 }

@@ -2,24 +2,23 @@
 
 #include "app/run_context.h"
 #include "files/license_text_set.h"
-#include "lang/language_table.h"
 #include "lang/resource.h"
 
 namespace zev {
 
-std::vector<std::string> codesOfSet(int languageSet) {
+std::vector<LanguageEntry> languagesOfSet(int languageSet) {
     RunContext context;
     context.languageSet = languageSet;
-    std::vector<std::string> codes;
+    std::vector<LanguageEntry> languages;
     for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
-        codes.emplace_back(language->code);
+        languages.push_back(*language);
     }
-    return codes;
+    return languages;
 }
 
 std::vector<SetFile> filesOfSet(int languageSet) {
     std::vector<SetFile> files;
-    for (const std::string& code : codesOfSet(languageSet)) {
+    for (const auto& [code, englishName] : languagesOfSet(languageSet)) {
         const LanguageProfile* language = &profileOf(code);
         files.push_back({agreementName(code), TextKind::agreement, language});
         files.push_back({informationName(code), TextKind::information, language});

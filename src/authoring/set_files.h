@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "authoring/language_profile.h"
+#include "lang/language_table.h"
 
 namespace zev {
 
@@ -20,7 +21,7 @@ struct SetFile {
 /// languages last.
 [[nodiscard]] std::vector<SetFile> filesOfSet(int languageSet);
 
-/// The codes of a language set, in its order.
-[[nodiscard]] std::vector<std::string> codesOfSet(int languageSet);
+/// The languages of a set, in its order.
+[[nodiscard]] std::vector<LanguageEntry> languagesOfSet(int languageSet);
 
 }  // namespace zev

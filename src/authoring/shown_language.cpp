@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "authoring/terminal_columns.h"
 #include "console/dialog_run.h"
 #include "console/license_dialog.h"
 #include "console/terminal_geometry.h"
@@ -44,6 +45,11 @@ std::size_t ShownLines::pages(int32_t height) const {
     return lines == 0 ? 0 : (license->size() + lines - 1) / lines;
 }
 
+std::size_t ShownLines::tooWide(int32_t width) const {
+    const auto isTooWide = [width](const icu::UnicodeString& line) { return terminalColumns(line) > width; };
+    return static_cast<std::size_t>(std::ranges::count_if(*license, isTooWide));
+}
+
 ShownLanguage::ShownLanguage(const std::string& directory, int languageSet, const std::string& code)
     : context_(contextFor(directory, languageSet, code)), dialog_(std::make_unique<LicenseDialog>(context_)) {}
 
@@ -63,6 +69,8 @@ bool ShownLanguage::load() {
     continuePrompt_ = buildContinuePrompt(*dialog_);
     return true;
 }
+
+icu::UnicodeString ShownLanguage::name() const { return context_.resource->LANGNAME_KEY().unescape(); }
 
 bool ShownLanguage::layOut(int32_t width, ShownLines& lines) const {
     lines.license = breakText(*dialog_, text_, width);

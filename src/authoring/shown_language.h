@@ -21,7 +21,10 @@ struct ShownLines {
 
     /// How many lines of text stand on a page of a screen that is `height` lines high; unlimitedPage on a low one.
     [[nodiscard]] uint32_t pageLines(int32_t height) const;
+    /// 0 where a page has no room for any text, so that it is never seen.
     [[nodiscard]] std::size_t pages(int32_t height) const;
+    /// How many lines of text take more columns on the terminal than its width.
+    [[nodiscard]] std::size_t tooWide(int32_t width) const;
 };
 
 /// One language of a licence directory, laid out by the code that zev itself runs. Traditional Chinese, which zev only
@@ -38,6 +41,9 @@ public:
 
     /// Agreement and information up to the first U+0000, after `load`.
     [[nodiscard]] const icu::UnicodeString& text() const { return text_; }
+
+    /// The language's own name.
+    [[nodiscard]] icu::UnicodeString name() const;
 
     /// False when there is nothing to lay out.
     [[nodiscard]] bool layOut(int32_t width, ShownLines& lines) const;
