@@ -2,7 +2,7 @@
 # together; every catalogue is one). It links, and its files include, nothing but itself and what lies below.
 # Read twice: src/CMakeLists.txt makes the libraries of it, and cmake/check_includes.cmake holds every include against it.
 
-link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options)
+link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options app/standard_descriptors)
 
 link_unit(languages base
   lang/catalogue lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource

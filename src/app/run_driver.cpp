@@ -1,6 +1,5 @@
 #include "app/run_driver.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +13,7 @@
 #include "app/exit_code.h"
 #include "app/run_context.h"
 #include "app/run_options.h"
+#include "app/standard_descriptors.h"
 #include "console/dialog_run.h"
 #include "files/license_copies.h"
 #include "files/license_text_set.h"
@@ -24,14 +24,6 @@
 namespace zev {
 
 namespace {
-
-/// Occupies a closed standard descriptor, so that no file of the run gets its number and is taken for the console. A
-/// directory answers like a closed descriptor: it can be neither read nor written, and it is no character device.
-void holdStandardDescriptors() {
-    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (fcntl(descriptor, F_GETFD) == -1) static_cast<void>(open("/", O_RDONLY | O_DIRECTORY));
-    }
-}
 
 /// A caller that ignores the end of its children hands that on; the answer of a print command would be lost.
 void heedChildren() { std::signal(SIGCHLD, SIG_DFL); }

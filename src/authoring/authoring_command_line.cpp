@@ -6,6 +6,7 @@
 #include <exception>
 #include <iostream>
 
+#include "app/standard_descriptors.h"
 #include "authoring/code_page_loss.h"
 #include "authoring/commands.h"
 #include "authoring/messages.h"
@@ -88,6 +89,7 @@ void settleCodePage() {
 }  // namespace
 
 int runAuthoring(int argc, char** argv) {
+    holdStandardDescriptors();
     Calls calls;
     CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
     app.set_version_flag("--version", runOptions.version, "Print the version and end");
