@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ranges>
+#include <span>
 #include <vector>
 
 namespace zev {
@@ -50,7 +50,7 @@ std::string CodePageLoss::list() const {
     std::vector<std::pair<UChar32, std::size_t>> sorted(characters.begin(), characters.end());
     std::ranges::stable_sort(sorted, std::ranges::greater{}, [](const auto& entry) { return entry.second; });
     std::string list;
-    for (const auto& [character, count] : sorted | std::views::take(most)) {
+    for (const auto& [character, count] : std::span(sorted).first(std::min(most, sorted.size()))) {
         list += (list.empty() ? "" : " ") + shown(character);
     }
     return sorted.size() > most ? list + " and " + std::to_string(sorted.size() - most) + " more" : list;

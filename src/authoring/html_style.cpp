@@ -12,7 +12,8 @@ const char* previewStyle() {
 body { margin: 0 auto; padding: 1rem; max-width: 76rem; font: 16px/1.5 system-ui, sans-serif; color: var(--ink);
   background: var(--paper) }
 h1, h2, h3, h4 { line-height: 1.25; margin: 1.6em 0 .5em }
-h1 { margin-top: .5em }
+h1 { margin-top: .5em; overflow-wrap: anywhere }
+.losses { white-space: nowrap }
 h4 { margin: 1em 0 .3em; font-size: 1em; color: var(--dim) }
 a { color: var(--link) }
 a:focus-visible, .screen:focus-visible { outline: 3px solid var(--link); outline-offset: 2px }
@@ -22,7 +23,8 @@ a:focus-visible, .screen:focus-visible { outline: 3px solid var(--link); outline
 table { border-collapse: collapse; min-width: 100% }
 caption { text-align: left; color: var(--dim); padding-bottom: .4rem }
 th, td { text-align: left; vertical-align: top; padding: .3rem .8rem .3rem 0; border-bottom: 1px solid var(--line) }
-td.number { text-align: right; font-variant-numeric: tabular-nums }
+.number { text-align: right; font-variant-numeric: tabular-nums }
+th.number, td.number { padding-right: 2rem }
 ul.findings { padding-left: 1.2rem }
 .error { color: var(--error); font-weight: 600 }
 nav a { margin-right: 1rem }
@@ -50,6 +52,7 @@ pre i, .symbol { background: var(--symbol); font-style: normal }
   a { text-decoration: none }
   section.language { break-before: page }
   h2, h3, h4 { break-after: avoid }
+  h4 + .screen { break-inside: avoid }
   .table, .screen { overflow: visible }
   pre { font-size: 8.5pt }
   mark, pre u, pre i { border-bottom: 1.5pt solid #000; -webkit-print-color-adjust: exact; print-color-adjust: exact }

@@ -3,10 +3,11 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <iterator>
 #include <map>
 
 #include "authoring/terminal_columns.h"
+#include "lang/languages.h"
 
 namespace zev {
 
@@ -51,16 +52,19 @@ constexpr LanguageProfile profiles[]{
     {"zh_TW", chinese, traditionalPages, true},
 };
 
+constexpr const LanguageProfile* findProfile(std::string_view code) {
+    return std::ranges::find(profiles, code, &LanguageProfile::code);
+}
+
+#define HAS_PROFILE(code, ...) static_assert(findProfile(#code) != std::end(profiles), #code " needs a profile");
+ZEV_LANGUAGES(HAS_PROFILE)
+#undef HAS_PROFILE
+
 constexpr int64_t leastShareOfKana = 20;  ///< one in so many columns
 
 }  // namespace
 
-const LanguageProfile& profileOf(std::string_view code) {
-    const auto profile = std::ranges::find(profiles, code, &LanguageProfile::code);
-    // A language without a profile must be noticed by whoever adds it.
-    if (profile == std::end(profiles)) std::abort();
-    return *profile;
-}
+const LanguageProfile& profileOf(std::string_view code) { return *findProfile(code); }
 
 bool isWrittenIn(const LanguageProfile& language, const icu::UnicodeString& text) {
     std::map<UScriptCode, int64_t> columns;

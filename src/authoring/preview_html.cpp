@@ -55,7 +55,7 @@ std::string counted(const Findings& findings) { return findings.empty() ? "none"
 class LanguagePart {
 public:
     LanguagePart(const LanguageEntry& entry, const ShownLanguage& language, const std::string& codePage)
-        : code_(entry.code), language_(language) {
+        : code_(entry.code) {
         for (const char* page : profileOf(code_).codePages) lost_.codePages.emplace_back(page);
         if (!codePage.empty()) lost_.codePages = {codePage};
         for (std::size_t i = 0; i < lost_.codePages.size(); ++i) {
@@ -100,7 +100,6 @@ private:
     }
 
     const std::string code_;
-    const ShownLanguage& language_;
     LostCharacters lost_;
     std::string losses_;
 };
@@ -137,7 +136,7 @@ bool PreviewPage::add(const LanguageEntry& entry) {
         screens += part.screens(width, lines);
         if (width == usualWidth) {
             rows_ += number(lines.license->size()) + number(lines.pages(usualHeight)) + number(lines.tooWide(width)) +
-                     "<td>" + part.losses() + "</td>";
+                     "<td class=\"losses\">" + part.losses() + "</td>";
         }
     }
     if (screens.empty()) rows_ += "<td colspan=\"4\">zev cannot show it</td>";
@@ -155,8 +154,9 @@ std::string PreviewPage::html() const {
            heading(1, "Licence directory " + directory) + "<p>As zev " + escapeHtml(runOptions.version) +
            " shows it on a terminal.</p>\n</header>\n<main>\n<section>\n" + heading(2, "Languages", "languages") +
            "<div class=\"table\"><table>\n<caption>On a terminal of 80 columns and 24 lines</caption>\n<thead><tr>"
-           "<th scope=\"col\">Language</th><th scope=\"col\">Lines</th><th scope=\"col\">Pages</th>"
-           "<th scope=\"col\">Lines too wide</th><th scope=\"col\">Characters lost</th>"
+           "<th scope=\"col\">Language</th><th scope=\"col\" class=\"number\">Lines</th><th scope=\"col\" "
+           "class=\"number\">Pages</th>"
+           "<th scope=\"col\" class=\"number\">Lines too wide</th><th scope=\"col\">Characters lost</th>"
            "<th scope=\"col\">Findings</th></tr></thead>\n<tbody>\n" +
            rows_ + "</tbody></table></div>\n" + legend + heading(2, "Findings", "findings") + listOf(findings_) +
            "</section>\n" + parts_ + "</main>\n</body>\n</html>\n";

@@ -132,7 +132,7 @@ TEST(Build, saysWhyItCannotWork) {
         {{"build", texts.path("nowhere"), texts.path("set")}, "nowhere: No such file or directory\n"},
         {{"build", texts.path("eula"), texts.path("nowhere/set")},
          "nowhere: cannot be opened: No such file or directory\n"},
-        {{"build", texts.path("eula"), texts.path("file")}, "file: not replaced: Not a directory\n"},
+        {{"build", texts.path("eula"), texts.path("file")}, "file: Not a directory\n"},
         {{"build", texts.path("eula"), texts.path("eula")}, "which this command has not written\n"},
     };
     for (const auto& [arguments, message] : rows) {
