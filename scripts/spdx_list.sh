@@ -4,8 +4,12 @@
 # Of a Debian package, as declared; THIRD-PARTY has the texts.
 declare -A declared_licence=(
     [libc6-dev]='LGPL-2.1-or-later'
+    [libcli11-dev]='BSD-3-Clause'
+    [libexttextcat-data]='BSD-3-Clause'
+    [libexttextcat-dev]='BSD-3-Clause'
     [libgcc-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1'
     [libicu-dev]='Unicode-DFS-2016 AND ICU AND BSD-2-Clause AND BSD-3-Clause'
+    [nlohmann-json3-dev]='MIT'
     [libstdc++-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1')
 
 # spdx_package ID NAME VERSION LICENCE MORE

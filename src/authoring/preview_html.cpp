@@ -95,7 +95,7 @@ private:
     [[nodiscard]] std::string screen(const TextLines& lines, int32_t width, const std::string& what) const {
         std::string html = "<div class=\"screen\" role=\"region\" tabindex=\"0\" aria-label=\"" + what + ", " + code_ +
                            ", " + std::to_string(width) + " columns\"><pre lang=\"" + tagOf(code_) + "\">\n";
-        for (const icu::UnicodeString& line : lines) html += lineOfCells(line, width, lost_);
+        for (std::size_t i = 0; i < lines.size(); ++i) html += lineOfCells(lineOf(lines, i), width, lost_);
         return html + "</pre></div>\n";
     }
 

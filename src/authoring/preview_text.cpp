@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <span>
 
 #include "authoring/code_page_loss.h"
 #include "authoring/finding.h"
@@ -29,21 +28,22 @@ public:
         out_ << ", " << counted(lines_.tooWide(preview_.width), "line") << " too wide\n";
     }
 
-    void writeText() { writeLines(*lines_.license); }
+    void writeText() { writeLines(*lines_.license, 0, lines_.license->size()); }
 
     void writePages() {
         const uint32_t pageLines = lines_.pageLines(preview_.pageHeight);
         const std::size_t promptLines = std::max(lines_.endPrompt->size(), lines_.continuePrompt->size());
-        std::span<const icu::UnicodeString> rest = *lines_.license;
-        for (bool isFirst = true; isFirst || (!rest.empty() && pageLines > 0); isFirst = false) {
-            if (!isFirst) writeEmptyLines(1);  // the answer
-            const auto page = rest.first(std::min<std::size_t>(rest.size(), pageLines));
-            rest = rest.subspan(page.size());
-            writeLines(page);
-            if (pageLines != unlimitedPage) writeEmptyLines(pageLines - page.size());
-            const TextLines& prompt = rest.empty() ? *lines_.endPrompt : *lines_.continuePrompt;
+        const std::size_t all = lines_.license->size();
+        for (std::size_t next = 0; next < all;) {
+            if (next > 0) writeEmptyLines(1);  // the answer
+            const std::size_t shown = std::min<std::size_t>(all - next, pageLines);
+            writeLines(*lines_.license, next, shown);
+            if (pageLines != unlimitedPage) writeEmptyLines(pageLines - shown);
+            next += shown;
+            const TextLines& prompt = next == all ? *lines_.endPrompt : *lines_.continuePrompt;
             writeEmptyLines(2 + promptLines - prompt.size());
-            writeLines(prompt);
+            writeLines(prompt, 0, prompt.size());
+            if (shown == 0) break;  // no text is ever seen
         }
     }
 
@@ -52,8 +52,9 @@ private:
 
     void writeEmptyLines(std::size_t count) { out_ << std::string(count, '\n'); }
 
-    void writeLines(std::span<const icu::UnicodeString> lines) {
-        for (const icu::UnicodeString& line : lines) {
+    void writeLines(const TextLines& lines, std::size_t first, std::size_t count) {
+        for (std::size_t i = first; i < first + count; ++i) {
+            const icu::UnicodeString line = lineOf(lines, i);
             std::string bytes;
             line.toUTF8String(bytes);
             const bool isTooWide = terminalColumns(line) > preview_.width;

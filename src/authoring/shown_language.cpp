@@ -35,6 +35,11 @@ RunContext contextFor(const std::string& directory, int languageSet, const std::
 
 }  // namespace
 
+icu::UnicodeString lineOf(const TextLines& lines, std::size_t index) {
+    const std::u16string_view line = lines[index];
+    return {false, line.data(), static_cast<int32_t>(line.size())};
+}
+
 uint32_t ShownLines::pageLines(int32_t height) const {
     screenHeight = height;
     return textLinesPerPage(std::max(endPrompt->size(), continuePrompt->size()));
@@ -46,8 +51,11 @@ std::size_t ShownLines::pages(int32_t height) const {
 }
 
 std::size_t ShownLines::tooWide(int32_t width) const {
-    const auto isTooWide = [width](const icu::UnicodeString& line) { return terminalColumns(line) > width; };
-    return static_cast<std::size_t>(std::ranges::count_if(*license, isTooWide));
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < license->size(); ++i) {
+        if (terminalColumns(lineOf(*license, i)) > width) ++count;
+    }
+    return count;
 }
 
 ShownLanguage::ShownLanguage(const std::string& directory, int languageSet, const std::string& code)

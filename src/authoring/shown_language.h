@@ -12,6 +12,9 @@
 
 namespace zev {
 
+/// A line with its line feed; it borrows from `lines`.
+[[nodiscard]] icu::UnicodeString lineOf(const TextLines& lines, std::size_t index);
+
 /// What zev shows of one language on a screen of one width.
 struct ShownLines {
     std::unique_ptr<TextLines> license;
