@@ -47,7 +47,7 @@ function(zev_add_license_set name)
     COMMAND ${tool} build ${options} ${arg_SOURCES} ${arg_OUTPUT}
     COMMAND ${tool} check ${options} ${strict} ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -E touch ${checked}
-    DEPENDS ${texts} ${tool} COMMENT "Making and checking the licence directory ${name}" VERBATIM)
+    DEPENDS ${texts} ${arg_SOURCES} ${tool} COMMENT "Making and checking the licence directory ${name}" VERBATIM)
   add_custom_target(${name} ALL DEPENDS ${checked} ${arg_OUTPUT}/LA_en)
   set_target_properties(${name} PROPERTIES ZEV_LICENSE_DIRECTORY ${arg_OUTPUT})
 endfunction()
