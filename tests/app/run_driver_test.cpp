@@ -234,4 +234,11 @@ TEST(RunDriver, honoursThePreferredLanguageWhereItsFilesExist) {
     }
 }
 
+TEST(RunDriver, speaksTheLanguageOfALocaleWithAVeryLongName) {
+    const Sandbox sandbox;
+    const std::string name = "de_" + std::string(200, 'x');
+    EXPECT_EQ(run(sandbox.arguments({"-setlang", name}), {}, "2\n2\n").exitCode, 3);
+    EXPECT_THAT(run(sandbox.arguments(), {{"LC_ALL", name}}, "1\n").out, testing::StartsWith("de agreement\n"));
+}
+
 }  // namespace zev::test

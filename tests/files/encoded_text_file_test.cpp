@@ -1,6 +1,7 @@
 #include "files/encoded_text_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "app/run_options.h"
@@ -69,6 +70,21 @@ TEST(EncodedTextFile, copiesAsIfUnitByUnit) {
     EXPECT_FALSE(copyFileConverted("/no/where", "UTF-16", out.c_str(), "UTF-8"));
     EXPECT_EQ(sandbox.read("out"), "") << "an empty copy stays behind when only the input fails";
     EXPECT_FALSE(copyFileConverted(in.c_str(), "UTF-16", "/no/where", "UTF-8"));
+}
+
+TEST(Paths, tellWhatIsAbsentFromWhatCannotBeOpened) {
+    const Sandbox sandbox;
+    const std::string file = sandbox.path("licenses/LA_en");
+    EXPECT_EQ(presenceOf(file), Presence::readable);
+    for (const std::string& path : {file + "x", file + "/x", file + std::string(300, 'x')}) {
+        EXPECT_EQ(presenceOf(path), Presence::absent) << path;
+    }
+    rlimit descriptors{};
+    getrlimit(RLIMIT_NOFILE, &descriptors);
+    const rlimit none{0, descriptors.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    EXPECT_EQ(presenceOf(file), Presence::unknown);
+    setrlimit(RLIMIT_NOFILE, &descriptors);
 }
 
 TEST(Paths, createsDirectoriesFromTheLeft) {

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <unicode/locid.h>
 
 #include <ctime>
@@ -28,6 +29,7 @@ protected:
 TEST_F(Recording, leavesACopyOfEveryLanguageUnderItsEnglishNameAndOfWhatServesAll) {
     sandbox.write("licenses/non_vur_license", utf16(u"terms"));
     sandbox.write("licenses/notices", utf16(u"notices"));
+    sandbox.write("status/license/German.txt", std::string(9999, 'x'));
     EXPECT_EQ(record(), 9);
     for (const auto& entry : languages()) {
         const std::string code = entry.code;
@@ -144,6 +146,42 @@ TEST_F(Recording, isJudgedByItsFirstLineThatSaysSomething) {
         EXPECT_THAT(finished.err,
                     HasSubstr((valid ? "DEBUG: Valid" : "DEBUG: Invalid") + (" status.dat found at " + path)));
     }
+}
+
+TEST_F(Recording, findsNoEndWhereATextCannotBeRead) {
+    const std::pair<const char*, std::string> rows[]{
+        {"LA_de", "Error reading LA file"},
+        {"LI_de", "Error reading LI file"},
+        {"non_vur_license", "Error reading " + sandbox.path("licenses/non_vur_license")},
+        {"notices", "Error reading " + sandbox.path("licenses/notices")},
+    };
+    for (const auto& [name, line] : rows) {
+        const std::string file = std::string("licenses/") + name;
+        sandbox.link(file, "/proc/self/mem");  // opens, and its first byte is a bad address
+        EXPECT_EQ(record(), 15) << name;
+        EXPECT_THAT(trace, HasSubstr("DEBUG: " + line + "\nDEBUG: Problem writing status files"));
+        sandbox.remove(file);
+        sandbox.write(file + "/x", "a directory");
+        EXPECT_EQ(record(), 15) << name;
+        EXPECT_EQ(run(sandbox.arguments(), {{"LC_ALL", "de_DE.UTF-8"}}, "1\n").exitCode, name[0] == 'L' ? 11 : 15);
+        sandbox.remove(file);
+        sandbox.write(file, utf16(u"text"));
+    }
+}
+
+TEST_F(Recording, isCompleteAtEveryMomentOverAnEarlierOne) {
+    const Arguments more{"-t", "5", "-m", sandbox.path("m")};
+    EXPECT_EQ(run(sandbox.arguments(more)).exitCode, 9);
+    const std::string master = sandbox.read("m/status.dat"), local = copy("status.dat");
+    const auto killAtTheFirstByte = [] {
+        const rlimit none{0, 0};
+        setrlimit(RLIMIT_FSIZE, &none);
+    };
+    EXPECT_EQ(run(sandbox.arguments(more), {}, "", killAtTheFirstByte).exitCode, -1);
+    EXPECT_EQ(run(sandbox.arguments({"-t", "5"}), {}, "", killAtTheFirstByte).exitCode, -1);
+    EXPECT_EQ(sandbox.read("m/status.dat"), master);
+    EXPECT_EQ(copy("status.dat"), local);
+    EXPECT_EQ(copy("Czech.txt"), "cs agreement\ncs information\n");
 }
 
 }  // namespace zev::test

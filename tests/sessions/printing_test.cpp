@@ -1,4 +1,8 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "support/session.h"
 
@@ -10,12 +14,13 @@ using testing::HasSubstr;
 /// Print commands of our own in the PATH; they note how they were called and keep what they were given.
 class Printing : public testing::Test {
 protected:
-    Finished print(int lpExit, int lprExit, Environment environment = {}) {
+    Finished print(
+        int lpExit, int lprExit, Environment environment = {}, Preparation prepare = [] {}) {
         sandbox.write("licenses/LA_de", utf16(u"€uro " + std::u16string(130, u'x') + u"\n"));
         install("lp", lpExit);
         install("lpr", lprExit);
         environment.insert({{"PATH", sandbox.path("bin") + ":/usr/bin:/bin"}, {"LC_ALL", "de_DE.ISO-8859-15"}});
-        Finished finished = run(sandbox.arguments(), environment, "3\n1\n");
+        Finished finished = run(sandbox.arguments(), environment, "3\n1\n", prepare);
         const std::string calls = sandbox.read("calls");
         document = calls.substr(3, calls.find('\n') - 3);
         EXPECT_EQ(calls, lpExit == 0 ? "lp " + document + "\n" : "lp " + document + "\nlpr " + document + "\n");
@@ -29,7 +34,8 @@ private:
     void install(const std::string& command, int exitCode) const {
         const auto quoted = [this](const char* name) { return " '" + sandbox.path(name) + "'\n"; };
         sandbox.write("bin/" + command, "#!/bin/sh\necho noise\necho " + command + " $* >>" + quoted("calls") +
-                                            "cat $1 >" + quoted("paper") + "exit " + std::to_string(exitCode) + "\n");
+                                            "cat $1 >" + quoted("paper") + "ls -l $1 >" + quoted("mode") + "exit " +
+                                            std::to_string(exitCode) + "\n");
         std::filesystem::permissions(sandbox.path("bin/" + command), std::filesystem::perms::owner_all);
     }
 };
@@ -42,6 +48,16 @@ TEST_F(Printing, handsADocumentOfSixtyColumnsToTheFirstCommandThatTakesIt) {
               "\xA4uro \n" + sixty + "\n" + sixty + "\n" + "xxxxxxxxxx\nde information\n\nterms\n");
     EXPECT_THAT(document, testing::MatchesRegex("/tmp/zevdoc_[0-9]+_de\\.text"));
     EXPECT_TRUE(std::filesystem::remove(document)) << "a printed document is left in place";
+}
+
+TEST_F(Printing, writesAFileOfItsOwnWhateverLiesThereAndWhateverTheCallerIgnores) {
+    print(0, 0, {}, [] {
+        mkfifo(("/tmp/zevdoc_" + std::to_string(getpid()) + "_de.text").c_str(), 0666);
+        std::signal(SIGCHLD, SIG_IGN);
+    });
+    EXPECT_THAT(sandbox.read("paper"), HasSubstr("de information\n"));
+    EXPECT_THAT(sandbox.read("mode"), testing::StartsWith("-rw-------"));
+    EXPECT_TRUE(std::filesystem::remove(document));
 }
 
 TEST_F(Printing, fallsBackToTheSecondCommand) {
