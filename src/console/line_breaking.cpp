@@ -41,9 +41,13 @@ bool hasKeywords(const icu::Locale& locale) { return std::strchr(locale.getName(
 int32_t columnsOf(char16_t unit, bool doubleWidth) { return doubleWidth && unit >= 128 ? 2 : 1; }
 
 std::unique_ptr<icu::BreakIterator> createLineIterator(const icu::Locale& locale) {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::BreakIterator> iterator(icu::BreakIterator::createLineInstance(locale, status));
-    if (U_SUCCESS(status) && iterator) return iterator;
+    UErrorCode status;
+    // ICU refuses some locales whose name is longer than it expects; their language has rules all the same.
+    for (const icu::Locale& candidate : {locale, icu::Locale(locale.getLanguage())}) {
+        status = U_ZERO_ERROR;
+        std::unique_ptr<icu::BreakIterator> iterator(icu::BreakIterator::createLineInstance(candidate, status));
+        if (U_SUCCESS(status) && iterator) return iterator;
+    }
     trace("Unable to create a BreakIterator");
     trace("UErrorCode = ", static_cast<int>(status));
     return nullptr;
