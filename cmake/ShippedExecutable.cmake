@@ -10,6 +10,9 @@ if(ZEV_STATIC)
   add_compile_options(-fPIE -ffunction-sections -fdata-sections
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
   add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    add_compile_options(-Wno-restrict)  # at -O3 it sees overlaps inside of std::string that are not there
+  endif()
   # What one processor or compiler has and another has not, or ignores with a warning.
   set(CMAKE_REQUIRED_FLAGS -Werror)
   foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
