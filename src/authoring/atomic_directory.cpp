@@ -23,6 +23,13 @@ std::string failure(const fs::path& path, const char* what) {
     return path.string() + ": " + what + ": " + std::strerror(errno);
 }
 
+/// The directory itself: absolute, behind any link, and without a slash at its end.
+fs::path placeOf(const std::string& path, std::error_code& error) {
+    const fs::path whole = fs::absolute(path, error);
+    const fs::path place = error ? whole : fs::weakly_canonical(whole, error);
+    return place.has_filename() ? place : place.parent_path();
+}
+
 /// Where the new directory is made: hidden, beside the one that it replaces.
 std::string leftoverPrefix(const fs::path& path) { return "." + path.filename().string() + ".zev-licenses."; }
 
@@ -74,9 +81,8 @@ std::string moveIntoPlace(const fs::path& made, const fs::path& path) {
 }  // namespace
 
 std::string replaceDirectory(const std::string& path, const DirectoryContent& content) {
-    // The path of a link's target, and without a slash at the end.
     std::error_code error;
-    const fs::path place = fs::weakly_canonical(path, error);
+    const fs::path place = placeOf(path, error);
     if (error) return path + ": " + error.message();
     const Descriptor parent(open(place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (parent.value < 0) return failure(place.parent_path(), "cannot be opened");

@@ -142,6 +142,19 @@ TEST(Build, saysWhyItCannotWork) {
     }
 }
 
+TEST(Build, takesAPathInAnyForm) {
+    const SampleTexts texts;
+    const fs::path before = fs::current_path();
+    fs::current_path(texts.path());
+    for (const char* form : {"set", "set/", "./set//", "eula/../set"}) {
+        for (int round = 0; round < 2; ++round) EXPECT_EQ(runLicenses({"build", "eula", form}).err, "") << form;
+        EXPECT_EQ(namesIn(texts, "set").size(), 36U) << form;
+        texts.remove("set");
+    }
+    fs::current_path(before);
+    EXPECT_EQ(namesIn(texts, ""), (std::set<std::string>{"eula", "licenses"}));
+}
+
 TEST(Build, followsALinkToTheDirectoryThatItReplaces) {
     const SampleTexts texts;
     fs::create_directory(texts.path("real"));
