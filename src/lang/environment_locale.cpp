@@ -82,9 +82,10 @@ CodePage codePageOf(const LocaleValue& value) {
 }  // namespace
 
 void adoptEnvironmentLocale() {
-    // Whatever ICU_DATA says, the data are those that the program is linked with.
+    // Whatever ICU_DATA and ICU_TIMEZONE_FILES_DIR say, the data are those that the program is linked with.
     UErrorCode status = U_ZERO_ERROR;
     u_setDataDirectory("");
+    u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
     const LocaleValue value = firstSet({"LC_ALL", "LC_CTYPE", "LANG"});

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <unicode/locid.h>
+#include <unicode/putil.h>
 
 #include <array>
 #include <sstream>
@@ -43,6 +44,14 @@ TEST(EnvironmentLocale, takesTheFirstVariableThatIsSetAndNotEmpty) {
         EXPECT_STREQ(icu::Locale().getName(), locale);
         EXPECT_STREQ(codePageName(), set);
     }
+}
+
+TEST(EnvironmentLocale, leavesIcuNoDataButItsOwn) {
+    for (const char* variable : {"ICU_DATA", "ICU_TIMEZONE_FILES_DIR"}) setenv(variable, "/elsewhere", 1);
+    adopt("", "", "ja_JP-u-tz-deber.UTF-8");
+    UErrorCode status = U_ZERO_ERROR;
+    EXPECT_STREQ(u_getDataDirectory(), "");
+    EXPECT_STREQ(u_getTimeZoneFilesDirectory(&status), "");
 }
 
 TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
