@@ -128,6 +128,7 @@ const auto keywords = words(
 int main(int count, char** files) {
     UErrorCode status = U_ZERO_ERROR;
     u_setDataDirectory("");
+    u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
     icu::UnicodeString text = charactersOfAllRanges();
