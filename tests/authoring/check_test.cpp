@@ -148,7 +148,8 @@ TEST(Check, tellsEveryEncodingOfEveryLanguage) {
 
 TEST(Check, tellsSwappedAndRepeatedTexts) {
     const SampleSet set;
-    const std::string spanish = set.read("set/LA_es"), italian = set.read("set/LA_it"), english = set.read("set/LA_en");
+    const std::string spanish = set.read("set/LA_es"), italian = set.read("set/LA_it"), english = set.read("set/LA_en"),
+                      information = set.read("set/LI_it");
     set.write("set/LA_es", italian);
     set.write("set/LA_it", spanish);
     EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped?\n"
@@ -156,6 +157,11 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
     for (const char* name : {"set/LA_es", "set/LA_it", "set/LA_el"}) set.write(name, english);
     EXPECT_EQ(set.check(), "LA_el LA_es LA_it: warning: the same text as LA_en\n");
     EXPECT_EQ(set.check({"--stand-in", "en"}), "");
+    set.write("set/LI_it", english);
+    EXPECT_EQ(set.check({"--stand-in", "en"}), "LI_it: warning: the same text as LA_en\n") << "not in its place";
+    set.write("set/LI_it", set.read("set/LI_de"));
+    EXPECT_EQ(set.check({"--stand-in", "de"}).find("LI_it"), std::string::npos);
+    set.write("set/LI_it", information);
     EXPECT_EQ(set.check({"--langset", "3"}),
               "LA_es LA_it: warning: the same text as LA_en\n"
               "LA_el LA_lt LA_ru LA_sl LI_el LI_lt LI_ru LI_sl: warning: zev never reads a file of this name\n");
