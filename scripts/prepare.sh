@@ -50,7 +50,8 @@ has_header libexttextcat/fingerprint.h | libexttextcat-dev | libexttextcat with 
 has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and static libraries'
 test_needs='
 has_header gtest/gtest.h | libgtest-dev | GoogleTest
-has_header gmock/gmock.h | libgmock-dev | GoogleMock'
+has_header gmock/gmock.h | libgmock-dev | GoogleMock
+command -v busybox | busybox | BusyBox, whose shell and utilities the companions are tried with'
 
 # missing NEEDS FIELD: that field of the needs that are not there.
 missing() {

@@ -22,7 +22,7 @@ namespace zev::test {
 
 namespace {
 
-constexpr int deadlineSeconds = 20;
+constexpr int deadlineSeconds = 50;
 
 /// The command that is tested. ZEV_TEST_COMMAND, words between spaces, names another: a release, or one for another
 /// processor behind an emulator.
@@ -32,10 +32,11 @@ Arguments testedCommand() {
     return {std::istream_iterator<std::string>(words), {}};
 }
 
-[[noreturn]] void execute(const Arguments& arguments, const Environment& environment, Preparation prepare) {
-    Arguments words = testedCommand();
+[[noreturn]] void execute(const std::string& program, const Arguments& arguments, const Environment& environment,
+                          Preparation prepare) {
+    Arguments words = program.empty() ? testedCommand() : Arguments{program};
     const std::string file = words.front();
-    if (words.size() == 1) words.front() = "zev";
+    if (program.empty() && words.size() == 1) words.front() = "zev";
     words.insert(words.end(), arguments.begin(), arguments.end());
     clearenv();
     setenv("TZ", "UTC", 1);
@@ -110,7 +111,7 @@ void Sandbox::link(std::string_view name, const std::string& target) const {
 }
 
 Finished run(const Arguments& arguments, const Environment& environment, const std::string& input,
-             Preparation prepare) {
+             Preparation prepare, const std::string& program) {
     const Sandbox streams;
     streams.write("in", input);
     const pid_t process = fork();
@@ -119,21 +120,22 @@ Finished run(const Arguments& arguments, const Environment& environment, const s
         for (const char* name : {"in", "out", "err"}) {
             dup2(open(streams.path(name).c_str(), O_RDWR | O_CREAT, 0600), descriptor++);
         }
-        execute(arguments, environment, prepare);
+        execute(program, arguments, environment, prepare);
     }
     const int exitCode = exitCodeOf(process);
     return {exitCode, streams.read("out"), streams.read("err")};
 }
 
 Terminal::Terminal(unsigned short rows, unsigned short columns, const Arguments& arguments,
-                   const Environment& environment, Preparation prepare) {
+                   const Environment& environment, Preparation prepare, const std::string& program) {
     termios settings{};
     cfmakeraw(&settings);
     settings.c_lflag |= ICANON;
     settings.c_cc[VEOF] = '\x04';
+    settings.c_cc[VINTR] = '\x03';
     const winsize size{rows, columns, 0, 0};
     process_ = forkpty(&terminal_, nullptr, &settings, &size);
-    if (process_ == 0) execute(arguments, environment, prepare);
+    if (process_ == 0) execute(program, arguments, environment, prepare);
 }
 
 Terminal::~Terminal() {
@@ -165,8 +167,18 @@ void Terminal::type(const std::string& line) {
     EXPECT_EQ(write(terminal_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
+void Terminal::raise(int signal) const { EXPECT_EQ(kill(process_, signal), 0); }
+
+void Terminal::hangUp() { close(std::exchange(terminal_, -1)); }
+
+termios Terminal::settings() const {
+    termios settings{};
+    EXPECT_EQ(tcgetattr(terminal_, &settings), 0);
+    return settings;
+}
+
 Finished Terminal::finish() {
-    while (readSome()) {
+    while (terminal_ != -1 && readSome()) {
     }
     return {exitCodeOf(std::exchange(process_, -1)), unread_, ""};
 }

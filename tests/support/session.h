@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sys/types.h>
+#include <termios.h>
 
 #include <filesystem>
 #include <map>
@@ -56,18 +57,18 @@ struct Finished {
 /// What a process does to itself before it becomes the binary.
 using Preparation = void (*)();
 
-/// Runs the real binary to its end: with nothing in its environment but TZ=UTC, a PATH and `environment`, and with
-/// `input` in a file on its standard input.
+/// Runs the real binary, or another program, to its end: with nothing in its environment but TZ=UTC, a PATH and
+/// `environment`, and with `input` in a file on its standard input.
 Finished run(
     const Arguments& arguments, const Environment& environment = {}, const std::string& input = "",
-    Preparation prepare = [] {});
+    Preparation prepare = [] {}, const std::string& program = "");
 
-/// The real binary on a terminal of its own, which neither echoes nor changes line ends.
+/// The real binary, or another program, on a terminal of its own, which neither echoes nor changes line ends.
 class Terminal {
 public:
     Terminal(
         unsigned short rows, unsigned short columns, const Arguments& arguments, const Environment& environment = {},
-        Preparation prepare = [] {});
+        Preparation prepare = [] {}, const std::string& program = "");
     ~Terminal();
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
@@ -75,6 +76,10 @@ public:
     /// Reads on until `text` has appeared; fails the test when it does not come in time.
     void waitFor(const std::string& text);
     void type(const std::string& line);
+    void raise(int signal) const;
+    void hangUp();
+    /// How the terminal is set now.
+    [[nodiscard]] termios settings() const;
     /// Waits for the end of the process; `out` is what no one waited for.
     Finished finish();
 

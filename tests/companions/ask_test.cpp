@@ -1,0 +1,289 @@
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "companions/companion.h"
+
+namespace zev::test {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+using Ask = Companion;
+INSTANTIATE_TEST_SUITE_P(Shells, Ask, testing::Values("dash", "busybox"),
+                         [](const auto& shell) { return shell.param; });
+
+constexpr const char* time = "20..-..-..T..:..:..Z";
+
+TEST_P(Ask, recordsAnAcceptanceAndAsksAgainOnlyForOtherTerms) {
+    sandbox.write("licenses/LA_ja", utf16(u"契約\n"));
+    Terminal terminal(
+        24, 80, asking(), environment({{"LANG", "ja_JP"}}), [] {}, shell);
+    terminal.waitFor("契約");
+    terminal.type("1");
+    const Finished finished = terminal.finish();
+    const std::string shortTerms = terms().substr(0, 16);
+    EXPECT_EQ(finished.exitCode, 0);
+    EXPECT_THAT(finished.out, EndsWith("acme 3.1: terms " + shortTerms + " accepted (dialogue)\n"));
+
+    EXPECT_THAT(sandbox.read(record("acceptance")),
+                MatchesRegex("product=acme\nversion=3.1\nterms=" + terms() + "\naccepted=" + time +
+                             "\nwho=[^\n]+\nhost=[^\n]+\nmode=dialogue\nlanguage=ja\n"));
+    EXPECT_EQ(sandbox.read(record("license/Japanese.txt")), "契約\nja information\n");
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(sandbox.path("status"))) {
+        struct stat status {};
+        stat(entry.path().c_str(), &status);
+        EXPECT_EQ(status.st_mode & 07777, entry.is_directory() ? 0755 : 0644) << entry.path();
+    }
+
+    const Finished again = ask({"--zev", "/nowhere"});
+    EXPECT_EQ(again.exitCode, 0) << again.err;
+    EXPECT_THAT(again.out, MatchesRegex("acme 3.1: terms " + shortTerms + " accepted " + time + " by [^\n]+\n"));
+
+    sandbox.write("licenses/notices", utf16(u"new\n"));
+    EXPECT_EQ(ask().exitCode, 2);
+    EXPECT_EQ(ask({"--accept", "any"}).exitCode, 0);
+    EXPECT_EQ(audit({sandbox.path("status")}).exitCode, 0) << "both records";
+}
+
+TEST_P(Ask, leavesNothingOfARefusal) {
+    Terminal terminal(
+        24, 80, asking({"-s", sandbox.path("new/state")}), environment(), [] {}, shell);
+    terminal.waitFor("en agreement");
+    terminal.type("2\n2");
+    const Finished finished = terminal.finish();
+    EXPECT_EQ(finished.exitCode, 1);
+    EXPECT_THAT(finished.out, EndsWith("acme: declined.\n"));
+    EXPECT_FALSE(sandbox.has("new"));
+}
+
+TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
+    const std::string known = terms();
+    const struct {
+        std::string accept;
+        int exitCode;
+        std::string says;
+    } rows[]{
+        {"", 2, "zev-ask: there is no terminal to show the terms of acme on.\n"},
+        {"", 2, "ZEV_ACCEPT=" + known.substr(0, 16) + "\n"},
+        {"0123456789abcdef", 2, "but 0123456789abcdef was accepted beforehand: they have changed, read them again.\n"},
+        {known.substr(0, 15), 3, "is no fingerprint"},
+        {known + "0", 3, "is no fingerprint"},
+        {"yes", 3, "is no fingerprint"},
+        {known.substr(0, 16), 0, " accepted (unattended)\n"},
+        {known, 0, " accepted (unattended)\n"},
+        {"any", 0, " accepted (unattended)\n"},
+    };
+    for (const auto& [accept, exitCode, says] : rows) {
+        sandbox.remove("status");
+        const Finished finished = runShell(asking(), environment({{"ZEV_ACCEPT", accept}}));
+        EXPECT_EQ(finished.exitCode, exitCode) << accept;
+        EXPECT_THAT(finished.out + finished.err, HasSubstr(says)) << accept;
+        EXPECT_EQ(sandbox.has("status"), exitCode == 0) << accept;
+    }
+}
+
+TEST_P(Ask, findsTheTerminalWhateverTheStandardDescriptorsAre) {
+    const std::string log = sandbox.path("log");
+    for (const std::string& redirections : {"</dev/null 2>" + log + " >" + log, std::string("<&- 2>&- >&-")}) {
+        // The terminal would hang up while no one has it open.
+        Terminal terminal(
+            24, 40, script("exec \"$@\" 9<&0 " + redirections), environment(), [] {}, shell);
+        terminal.waitFor("You have completed viewing the license \r\nagreement.");
+        terminal.type("2\n2");
+        EXPECT_EQ(terminal.finish().exitCode, 1) << redirections;
+    }
+}
+
+TEST_P(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
+    // In German, and behind "5" in English, the prompt is a row or more higher than the other, and fills the screen.
+    sandbox.write("licenses/non_vur_license", utf16(u"other terms\n"));
+    for (const auto rows : std::initializer_list<unsigned short>{3, 10, 11, 12, 13}) {
+        Terminal terminal(
+            rows, 40, asking(), environment({{"LANG", "de_DE"}}), [] {}, shell);
+        for (const char* text : {"de agreement", "en agreement"}) {
+            terminal.waitFor(text);
+            terminal.type("4");
+            terminal.waitFor("other terms");
+            terminal.type("q\n5");
+        }
+        terminal.type("2\n2");
+        EXPECT_EQ(terminal.finish().exitCode, 1);
+    }
+}
+
+TEST_P(Ask, givesTheTerminalBackOnEveryWayOut) {
+    const std::pair<const char*, int> ways[]{{"2\n2", 0},  {"1", 0},      {"\x03", 0},
+                                             {"", SIGHUP}, {"", SIGQUIT}, {"", SIGTERM}};
+    for (const auto& [answer, signal] : ways) {
+        sandbox.remove("status");
+        Terminal terminal(
+            24, 80, asking(), environment(), [] {}, shell);
+        terminal.waitFor("completed viewing");
+        EXPECT_EQ(terminal.settings().c_cc[VEOF], _POSIX_VDISABLE);
+        terminal.type("\x04");
+        terminal.waitFor("completed viewing");
+        if (signal == 0)
+            terminal.type(answer);
+        else
+            terminal.raise(signal);
+        const bool accepted = terminal.finish().exitCode == 0;
+        EXPECT_EQ(sandbox.has("status"), accepted) << answer << signal;
+        EXPECT_EQ(terminal.settings().c_cc[VEOF], '\x04') << answer << signal;
+    }
+}
+
+TEST_P(Ask, endsByItselfWhenAnswersCanNoLongerBeRead) {
+    Terminal tooLong(
+        24, 80, asking(), environment(), [] {}, shell);
+    tooLong.waitFor("completed viewing");
+    tooLong.type("0" + std::string(79, ' '));
+    Terminal gone(
+        24, 80, script("trap '' HUP; exec \"$@\" 2>" + sandbox.path("log")), environment(), [] {}, shell);
+    gone.waitFor("completed viewing");
+    gone.hangUp();
+    const Finished finished = tooLong.finish();
+    EXPECT_EQ(finished.exitCode, 3);
+    EXPECT_THAT(finished.out, HasSubstr("the terminal has gone, or an answer was longer than 79 bytes.\n"));
+    EXPECT_EQ(gone.finish().exitCode, 3);
+    EXPECT_FALSE(sandbox.has("status"));
+}
+
+TEST_P(Ask, saysWhatItLacks) {
+    sandbox.write("empty/LA_en", "");
+    sandbox.write("odd/LA_en/directory", "");
+    const struct {
+        Arguments arguments;
+        const char* says;
+    } rows[]{
+        {{"-l", sandbox.path("empty")}, "missing or not readable: LA_cs LA_de LA_el LA_es "},
+        {{"-l", sandbox.path("odd")}, " LA_en "},
+        {{"--zev", "/nowhere"}, "there is no zev at /nowhere"},
+        {{"--zev", "/bin/true"}, "there is no zev at /bin/true"},
+        {{"-s", sandbox.path("licenses/LA_en/state")}, "/LA_en/state cannot be written: "},
+        {{"-p", "a b"}, "-p needs a word"},
+        {{"-p", "a\nb"}, "-p needs a word"},
+        {{"-v", "../1"}, "-v needs a word"},
+        {{"-p"}, "-p needs an argument"},
+        {{"-l", "-s"}, "-l needs an argument"},
+        {{"stray"}, "unknown option stray"},
+    };
+    for (const auto& [arguments, says] : rows) {
+        Arguments all{"--accept", "any"};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        const Finished finished = ask(all);
+        EXPECT_EQ(finished.exitCode, 3) << says;
+        EXPECT_THAT(finished.err, HasSubstr(says));
+        EXPECT_FALSE(sandbox.has("status"));
+    }
+    sandbox.write("licenses/LI_en", utf16(u""));
+    sandbox.write("licenses/LA_en", utf16(u""));
+    EXPECT_THAT(ask().err, HasSubstr("no terminal"));
+    EXPECT_THAT(Terminal(
+                    24, 80, asking(), environment(), [] {}, shell)
+                    .finish()
+                    .out,
+                HasSubstr("zev-ask: zev ended with 23: Failed breakText for license text"));
+}
+
+TEST_P(Ask, takesPathsOfAnyKind) {
+    const std::string odd = "a 'b\" $c\n*d";
+    std::filesystem::rename(sandbox.path("licenses"), sandbox.path(odd));
+    const Finished finished = runShell(script("exec \"$@\" -l \"$ODD\" -s \"./$ODD//\" --accept any"),
+                                       environment({{"ODD", odd}, {"CDPATH", "/"}}));
+    EXPECT_EQ(finished.exitCode, 0) << finished.err;
+    EXPECT_EQ(audit({sandbox.path(odd)}).exitCode, 0);
+}
+
+TEST_P(Ask, leavesAWholeRecordOrNothingOnAFullDisk) {
+    int whole = 0;
+    for (int pages = 8; pages < 150; pages += 10) {
+        const Finished finished = runShell(script(R"sh(
+            mkdir -p disk && mount -t tmpfs -o size="$SIZE" tmpfs disk || exit 99
+            "$@" -s disk/state --accept any
+            code=$?
+            "$AUDIT" disk/state
+            ls -A disk
+            umount disk
+            exit $code)sh"),
+                                           environment({{"SIZE", std::to_string(pages * 4) + "k"}}));
+        if (finished.exitCode == 99) GTEST_SKIP() << "may not mount";
+        const bool accepted = finished.exitCode == 0;
+        EXPECT_TRUE(accepted || finished.exitCode == 3) << finished.err;
+        EXPECT_THAT(finished.out, EndsWith(accepted ? "  ok\nstate\n" : "  NOT ACCEPTED  ./disk/state\n")) << pages;
+        if (accepted) ++whole;
+    }
+    EXPECT_GT(whole, 0);
+}
+
+TEST_P(Ask, leavesAWholeRecordOrNoneWhenItIsKilled) {
+    const Finished finished = runShell(script(R"sh(
+        for pause in 0 .03 .06 .09 .12 .15 .18 .21 .25 .30 .40 .60; do
+            setsid "$@" --accept any &
+            sleep $pause
+            kill -s KILL -- -$!
+            wait $!
+            [ -z "$(ls status)" ] || "$AUDIT" status || echo 'half a record'
+            "$@" --accept any && "$AUDIT" status || echo 'no record'
+            [ "$(ls -A status | wc -l)" = 1 ] || echo "left over: $(ls -A status)"
+            rm -r status
+        done)sh"),
+                                       environment());
+    EXPECT_THAT(finished.out, testing::Not(testing::ContainsRegex("half|no record|left over"))) << finished.err;
+}
+
+TEST_P(Ask, makesOneRecordInManyRunsAtOnce) {
+    const Finished finished = runShell(script(R"sh(
+        for i in 1 2 3 4 5 6 7 8 9 10; do "$@" --accept any & runs="$runs $!"; done
+        for run in $runs; do wait $run || echo failed; done
+        "$AUDIT" status || echo failed
+        ls -A status | wc -l)sh"),
+                                       environment());
+    EXPECT_THAT(finished.out, AllOf(testing::Not(HasSubstr("failed")), EndsWith("\n1\n"))) << finished.err;
+}
+
+TEST_P(Ask, countsTheRecordOfAGroup) {
+    const std::string master = sandbox.path("master");
+    EXPECT_EQ(ask({"-m", master, "--accept", "any"}).exitCode, 0);
+    EXPECT_THAT(ask({"-m", master, "-s", sandbox.path("other")}).out, EndsWith(" accepted (master)\n"));
+    EXPECT_THAT(sandbox.read(record("acceptance", "other")), HasSubstr("mode=master\n"));
+    EXPECT_EQ(audit({master, sandbox.path("other")}).exitCode, 0);
+
+    sandbox.write("file", "");
+    const Finished finished = ask({"-m", sandbox.path("file/master"), "-s", sandbox.path("third"), "--accept", "any"});
+    EXPECT_EQ(finished.exitCode, 0);
+    EXPECT_THAT(finished.err, HasSubstr("not in the master directory"));
+    EXPECT_TRUE(sandbox.has(record("acceptance", "third")));
+}
+
+TEST_P(Ask, offersAMenuOfTheLanguages) {
+    const std::tuple<const char*, const char*, const char*> rows[]{{"de_DE", "日本語", "de agreement"},
+                                                                   {"en_US.ISO-8859-1", "Japanese", "en agreement"}};
+    for (const auto& [locale, japanese, byDefault] : rows) {
+        Terminal terminal(
+            24, 80, asking({"--choose"}), environment({{"LC_ALL", locale}}), [] {}, shell);
+        terminal.waitFor(std::string(" 8. ") + japanese + "\r\n");
+        terminal.waitFor("] ");
+        terminal.type("17\nx\n\x04\n");
+        terminal.waitFor(byDefault);
+        terminal.type("2\n2");
+        EXPECT_EQ(terminal.finish().exitCode, 1);
+    }
+    Terminal terminal(
+        24, 80, asking({"--choose"}), environment(), [] {}, shell);
+    terminal.waitFor("[en] ");
+    terminal.type("13");
+    terminal.waitFor("ru agreement");
+}
+
+TEST_P(Ask, showsTheTextToWhoeverReadsItElsewhere) {
+    sandbox.write("licenses/non_vur_license", utf16(u"außerdem\n"));
+    const Finished finished = runShell(command("zev-ask", {"--show", "-l", sandbox.path("licenses")}),
+                                       environment({{"LANG", "de_DE.ISO-8859-1"}}));
+    EXPECT_EQ(finished.out, "de agreement\nde information\n\naußerdem\n") << finished.err;
+}
+
+}  // namespace zev::test
