@@ -45,7 +45,7 @@ private:
             trace("Unable to open ", kind, " file ", path);
             return false;
         }
-        // Deliberately the path of the agreement, for the information file too: installers that read traces look for it.
+        // Deliberately the path of the agreement for the information file too: installers look for it in the trace.
         trace("Reading ", kind, " file ", agreementPath_, " in codepage ", u_fgetcodepage(input.get()));
         lastSource_ = path;
         if (!copyUnits(input.get(), output_.get())) {

@@ -110,8 +110,8 @@ void Sandbox::link(std::string_view name, const std::string& target) const {
     std::filesystem::create_symlink(target, path(name));
 }
 
-Finished run(const Arguments& arguments, const Environment& environment, const std::string& input,
-             Preparation prepare, const std::string& program) {
+Finished run(const Arguments& arguments, const Environment& environment, const std::string& input, Preparation prepare,
+             const std::string& program) {
     const Sandbox streams;
     streams.write("in", input);
     const pid_t process = fork();
