@@ -20,8 +20,7 @@ constexpr const char* time = "20..-..-..T..:..:..Z";
 
 TEST_P(Ask, recordsAnAcceptanceAndAsksAgainOnlyForOtherTerms) {
     sandbox.write("licenses/LA_ja", utf16(u"契約\n"));
-    Terminal terminal(
-        24, 80, asking(), environment({{"LANG", "ja_JP"}}), [] {}, shell);
+    Terminal terminal = onTerminal(asking(), {{"LANG", "ja_JP"}});
     terminal.waitFor("契約");
     terminal.type("1");
     const Finished finished = terminal.finish();
@@ -49,17 +48,6 @@ TEST_P(Ask, recordsAnAcceptanceAndAsksAgainOnlyForOtherTerms) {
     EXPECT_EQ(audit({sandbox.path("status")}).exitCode, 0) << "both records";
 }
 
-TEST_P(Ask, leavesNothingOfARefusal) {
-    Terminal terminal(
-        24, 80, asking({"-s", sandbox.path("new/state")}), environment(), [] {}, shell);
-    terminal.waitFor("en agreement");
-    terminal.type("2\n2");
-    const Finished finished = terminal.finish();
-    EXPECT_EQ(finished.exitCode, 1);
-    EXPECT_THAT(finished.out, EndsWith("acme: declined.\n"));
-    EXPECT_FALSE(sandbox.has("new"));
-}
-
 TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
     const std::string known = terms();
     const struct {
@@ -79,7 +67,7 @@ TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
     };
     for (const auto& [accept, exitCode, says] : rows) {
         sandbox.remove("status");
-        const Finished finished = runShell(asking(), environment({{"ZEV_ACCEPT", accept}}));
+        const Finished finished = runShell(asking(), {{"ZEV_ACCEPT", accept}});
         EXPECT_EQ(finished.exitCode, exitCode) << accept;
         EXPECT_THAT(finished.out + finished.err, HasSubstr(says)) << accept;
         EXPECT_EQ(sandbox.has("status"), exitCode == 0) << accept;
@@ -90,8 +78,7 @@ TEST_P(Ask, findsTheTerminalWhateverTheStandardDescriptorsAre) {
     const std::string log = sandbox.path("log");
     for (const std::string& redirections : {"</dev/null 2>" + log + " >" + log, std::string("<&- 2>&- >&-")}) {
         // The terminal would hang up while no one has it open.
-        Terminal terminal(
-            24, 40, script("exec \"$@\" 9<&0 " + redirections), environment(), [] {}, shell);
+        Terminal terminal = onTerminal(script("exec \"$@\" 9<&0 " + redirections), {}, 24, 40);
         terminal.waitFor("You have completed viewing the license \r\nagreement.");
         terminal.type("2\n2");
         EXPECT_EQ(terminal.finish().exitCode, 1) << redirections;
@@ -102,8 +89,7 @@ TEST_P(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
     // In German, and behind "5" in English, the prompt is a row or more higher than the other, and fills the screen.
     sandbox.write("licenses/non_vur_license", utf16(u"other terms\n"));
     for (const auto rows : std::initializer_list<unsigned short>{3, 10, 11, 12, 13}) {
-        Terminal terminal(
-            rows, 40, asking(), environment({{"LANG", "de_DE"}}), [] {}, shell);
+        Terminal terminal = onTerminal(asking(), {{"LANG", "de_DE"}}, rows, 40);
         for (const char* text : {"de agreement", "en agreement"}) {
             terminal.waitFor(text);
             terminal.type("4");
@@ -115,34 +101,32 @@ TEST_P(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
     }
 }
 
-TEST_P(Ask, givesTheTerminalBackOnEveryWayOut) {
-    const std::pair<const char*, int> ways[]{{"2\n2", 0},  {"1", 0},      {"\x03", 0},
-                                             {"", SIGHUP}, {"", SIGQUIT}, {"", SIGTERM}};
-    for (const auto& [answer, signal] : ways) {
-        sandbox.remove("status");
-        Terminal terminal(
-            24, 80, asking(), environment(), [] {}, shell);
+TEST_P(Ask, givesTheTerminalBackAndLeavesNothingOnEveryWayOut) {
+    const struct {
+        const char* answer;
+        int signal, exitCode;
+    } ways[]{{"1", 0, 0}, {"2\n2", 0, 1}, {"\x03", 0, -1}, {"", SIGHUP, -1}, {"", SIGTERM, -1}};
+    for (const auto& [answer, signal, exitCode] : ways) {
+        sandbox.remove("new");
+        Terminal terminal = onTerminal(asking({"-s", sandbox.path("new/state")}));
         terminal.waitFor("completed viewing");
         EXPECT_EQ(terminal.settings().c_cc[VEOF], _POSIX_VDISABLE);
         terminal.type("\x04");
         terminal.waitFor("completed viewing");
-        if (signal == 0)
-            terminal.type(answer);
-        else
-            terminal.raise(signal);
-        const bool accepted = terminal.finish().exitCode == 0;
-        EXPECT_EQ(sandbox.has("status"), accepted) << answer << signal;
+        signal == 0 ? terminal.type(answer) : terminal.raise(signal);
+        const Finished finished = terminal.finish();
+        EXPECT_EQ(finished.exitCode, exitCode) << answer << signal;
+        EXPECT_EQ(finished.out.find("acme: declined.\n") != std::string::npos, exitCode == 1) << answer;
+        EXPECT_EQ(sandbox.has("new"), exitCode == 0) << answer << signal;
         EXPECT_EQ(terminal.settings().c_cc[VEOF], '\x04') << answer << signal;
     }
 }
 
 TEST_P(Ask, endsByItselfWhenAnswersCanNoLongerBeRead) {
-    Terminal tooLong(
-        24, 80, asking(), environment(), [] {}, shell);
+    Terminal tooLong = onTerminal(asking());
     tooLong.waitFor("completed viewing");
     tooLong.type("0" + std::string(79, ' '));
-    Terminal gone(
-        24, 80, script("trap '' HUP; exec \"$@\" 2>" + sandbox.path("log")), environment(), [] {}, shell);
+    Terminal gone = onTerminal(script("trap '' HUP; exec \"$@\" 2>" + sandbox.path("log")));
     gone.waitFor("completed viewing");
     gone.hangUp();
     const Finished finished = tooLong.finish();
@@ -154,16 +138,16 @@ TEST_P(Ask, endsByItselfWhenAnswersCanNoLongerBeRead) {
 
 TEST_P(Ask, saysWhatItLacks) {
     sandbox.write("empty/LA_en", "");
-    std::string all = "missing or not readable:";
+    std::string missing = "missing or not readable:";
     for (const char* kind : {" LA_", " LI_"}) {
-        for (const auto& language : languages()) all += kind + std::string(language.code);
+        for (const auto& language : languages()) missing += kind + std::string(language.code);
     }
     sandbox.write("odd/LA_en/directory", "");
     const struct {
         Arguments arguments;
         std::string says;
     } rows[]{
-        {{"-l", sandbox.path("empty")}, all.erase(all.find(" LA_en"), 6) + "\n"},
+        {{"-l", sandbox.path("empty")}, missing.erase(missing.find(" LA_en"), 6) + "\n"},
         {{"-l", sandbox.path("odd")}, " LA_en "},
         {{"--zev", "/nowhere"}, "there is no zev at /nowhere"},
         {{"--zev", "/bin/true"}, "there is no zev at /bin/true"},
@@ -176,9 +160,9 @@ TEST_P(Ask, saysWhatItLacks) {
         {{"stray"}, "unknown option stray"},
     };
     for (const auto& [arguments, says] : rows) {
-        Arguments call{"--accept", "any"};
-        call.insert(call.end(), arguments.begin(), arguments.end());
-        const Finished finished = ask(call);
+        Arguments all{"--accept", "any"};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        const Finished finished = ask(all);
         EXPECT_EQ(finished.exitCode, 3) << says;
         EXPECT_THAT(finished.err, HasSubstr(says));
         EXPECT_FALSE(sandbox.has("status"));
@@ -186,18 +170,15 @@ TEST_P(Ask, saysWhatItLacks) {
     sandbox.write("licenses/LI_en", utf16(u""));
     sandbox.write("licenses/LA_en", utf16(u""));
     EXPECT_THAT(ask().err, HasSubstr("no terminal"));
-    EXPECT_THAT(Terminal(
-                    24, 80, asking(), environment(), [] {}, shell)
-                    .finish()
-                    .out,
+    EXPECT_THAT(onTerminal(asking()).finish().out,
                 HasSubstr("zev-ask: zev ended with 23: Failed breakText for license text"));
 }
 
 TEST_P(Ask, takesPathsOfAnyKind) {
     const std::string odd = "a 'b\" $c\n*d";
     std::filesystem::rename(sandbox.path("licenses"), sandbox.path(odd));
-    const Finished finished = runShell(script("exec \"$@\" -l \"$ODD\" -s \"./$ODD//\" --accept any"),
-                                       environment({{"ODD", odd}, {"CDPATH", "/"}}));
+    const Finished finished =
+        runShell(script("exec \"$@\" -l \"$ODD\" -s \"./$ODD//\" --accept any"), {{"ODD", odd}, {"CDPATH", "/"}});
     EXPECT_EQ(finished.exitCode, 0) << finished.err;
     EXPECT_EQ(audit({sandbox.path(odd)}).exitCode, 0);
 }
@@ -213,7 +194,7 @@ TEST_P(Ask, leavesAWholeRecordOrNothingOnAFullDisk) {
             ls -A disk
             umount disk
             exit $code)sh"),
-                                           environment({{"SIZE", std::to_string(pages * 4) + "k"}}));
+                                           {{"SIZE", std::to_string(pages * 4) + "k"}});
         if (finished.exitCode == 99) GTEST_SKIP() << "may not mount";
         const bool accepted = finished.exitCode == 0;
         EXPECT_TRUE(accepted || finished.exitCode == 3) << finished.err;
@@ -234,8 +215,7 @@ TEST_P(Ask, leavesAWholeRecordOrNoneWhenItIsKilled) {
             "$@" --accept any && "$AUDIT" status || echo 'no record'
             [ "$(ls -A status | wc -l)" = 1 ] || echo "left over: $(ls -A status)"
             rm -r status
-        done)sh"),
-                                       environment());
+        done)sh"));
     EXPECT_THAT(finished.out, testing::Not(testing::ContainsRegex("half|no record|left over"))) << finished.err;
 }
 
@@ -244,8 +224,7 @@ TEST_P(Ask, makesOneRecordInManyRunsAtOnce) {
         for i in 1 2 3 4 5 6 7 8 9 10; do "$@" --accept any & runs="$runs $!"; done
         for run in $runs; do wait $run || echo failed; done
         "$AUDIT" status || echo failed
-        ls -A status | wc -l)sh"),
-                                       environment());
+        ls -A status | wc -l)sh"));
     EXPECT_THAT(finished.out, AllOf(testing::Not(HasSubstr("failed")), EndsWith("\n1\n"))) << finished.err;
 }
 
@@ -264,8 +243,7 @@ TEST_P(Ask, countsTheRecordOfAGroup) {
 }
 
 TEST_P(Ask, offersAMenuOfTheLanguages) {
-    Terminal latin(
-        24, 80, asking({"--choose"}), environment({{"LC_ALL", "de_DE.ISO-8859-1"}}), [] {}, shell);
+    Terminal latin = onTerminal(asking({"--choose"}), {{"LC_ALL", "de_DE.ISO-8859-1"}});
     for (const auto& language : languages()) {
         if (language.code != std::string("zh_TW")) latin.waitFor(std::string(". ") + language.englishName + "\r\n");
     }
@@ -273,8 +251,7 @@ TEST_P(Ask, offersAMenuOfTheLanguages) {
     latin.type("17\nx\n\x04\n");
     latin.waitFor("de agreement");
 
-    Terminal utf8(
-        24, 80, asking({"--choose"}), environment(), [] {}, shell);
+    Terminal utf8 = onTerminal(asking({"--choose"}));
     utf8.waitFor(" 8. 日本語\r\n");
     utf8.waitFor("[en] ");
     utf8.type("13");
@@ -283,8 +260,8 @@ TEST_P(Ask, offersAMenuOfTheLanguages) {
 
 TEST_P(Ask, showsTheTextToWhoeverReadsItElsewhere) {
     sandbox.write("licenses/non_vur_license", utf16(u"außerdem\n"));
-    const Finished finished = runShell(command("zev-ask", {"--show", "-l", sandbox.path("licenses")}),
-                                       environment({{"LANG", "de_DE.ISO-8859-1"}}));
+    const Finished finished =
+        runShell(command("zev-ask", {"--show", "-l", sandbox.path("licenses")}), {{"LANG", "de_DE.ISO-8859-1"}});
     EXPECT_EQ(finished.out, "de agreement\nde information\n\naußerdem\n") << finished.err;
 }
 

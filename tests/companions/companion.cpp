@@ -8,11 +8,11 @@ namespace zev::test {
 Companion::Companion() {
     umask(077);
     if (GetParam() == "dash") return;
-    shell = "/bin/busybox";
+    shell_ = "/bin/busybox";
     applet_ = {"ash"};
     path_ = sandbox.path("applets");
     sandbox.write("applets/made", "");
-    EXPECT_EQ(runShell({"--install", "-s", path_}, {}).exitCode, 0) << "BusyBox is needed";
+    EXPECT_EQ(runShell({"--install", "-s", path_}).exitCode, 0) << "BusyBox is needed";
 }
 
 Arguments Companion::command(const std::string& companion, const Arguments& arguments) const {
@@ -31,7 +31,7 @@ Arguments Companion::asking(const Arguments& more) const {
 Arguments Companion::script(const std::string& text) const {
     Arguments all = applet_;
     const Arguments call = asking();
-    all.insert(all.end(), {"-c", "cd \"$HERE\" || exit\n" + text, "script", shell});
+    all.insert(all.end(), {"-c", "cd \"$HERE\" || exit\n" + text, "script", shell_});
     all.insert(all.end(), call.begin(), call.end());
     return all;
 }
@@ -41,20 +41,22 @@ Environment Companion::environment(Environment more) const {
     return more;
 }
 
-Finished Companion::runShell(const Arguments& arguments, const Environment& environment) const {
+Finished Companion::runShell(const Arguments& arguments, const Environment& more) const {
     return run(
-        arguments, environment, "", [] { setsid(); }, shell);
+        arguments, environment(more), "", [] { setsid(); }, shell_);
 }
 
-Finished Companion::ask(const Arguments& more) const { return runShell(asking(more), environment()); }
-
-Finished Companion::audit(const Arguments& arguments) const {
-    return runShell(command("zev-audit", arguments), environment());
+Terminal Companion::onTerminal(const Arguments& arguments, const Environment& more, unsigned short rows,
+                               unsigned short columns) const {
+    return {rows, columns, arguments, environment(more), [] {}, shell_};
 }
+
+Finished Companion::ask(const Arguments& more) const { return runShell(asking(more)); }
+
+Finished Companion::audit(const Arguments& arguments) const { return runShell(command("zev-audit", arguments)); }
 
 std::string Companion::terms() const {
-    return runShell(command("zev-ask", {"--fingerprint", "-l", sandbox.path("licenses")}), environment())
-        .out.substr(0, 64);
+    return runShell(command("zev-ask", {"--fingerprint", "-l", sandbox.path("licenses")})).out.substr(0, 64);
 }
 
 std::string Companion::record(const std::string& name, const std::string& state) const {

@@ -20,8 +20,10 @@ protected:
     [[nodiscard]] Arguments asking(const Arguments& more = {}) const;
     /// The arguments that make the shell run a script in the sandbox, in which "$@" asks and "$AUDIT" is zev-audit.
     [[nodiscard]] Arguments script(const std::string& text) const;
-    [[nodiscard]] Environment environment(Environment more = {}) const;
-    [[nodiscard]] Finished runShell(const Arguments& arguments, const Environment& environment) const;
+    /// Runs the shell without a terminal.
+    [[nodiscard]] Finished runShell(const Arguments& arguments, const Environment& more = {}) const;
+    [[nodiscard]] Terminal onTerminal(const Arguments& arguments, const Environment& more = {},
+                                      unsigned short rows = 24, unsigned short columns = 80) const;
     [[nodiscard]] Finished ask(const Arguments& more = {}) const;
     [[nodiscard]] Finished audit(const Arguments& arguments) const;
     [[nodiscard]] std::string terms() const;
@@ -29,9 +31,11 @@ protected:
     [[nodiscard]] std::string record(const std::string& name, const std::string& state = "status") const;
 
     const Sandbox sandbox;
-    std::string shell = "/bin/dash";
 
 private:
+    [[nodiscard]] Environment environment(Environment more) const;
+
+    std::string shell_ = "/bin/dash";
     Arguments applet_;
     std::string path_ = "/usr/bin:/bin";
 };
