@@ -96,7 +96,7 @@ void checkLocale(Input input) {
     RunContext context = createRunContext("", "", 4);
     require(context.resource != nullptr, "there is a catalogue");
     const auto lines = breakText(LicenseDialog(context), u"a b", 80);
-    require(lines && lines->size() == 1 && lines->front() == u"a b\n", "lines can be broken");
+    require(lines && lines->size() == 1 && (*lines)[0] == u"a b\n", "lines can be broken");
 }
 
 }  // namespace
