@@ -126,12 +126,12 @@ TEST_P(Ask, endsByItselfWhenAnswersCanNoLongerBeRead) {
     Terminal tooLong = onTerminal(asking());
     tooLong.waitFor("completed viewing");
     tooLong.type("0" + std::string(79, ' '));
-    Terminal gone = onTerminal(script("trap '' HUP; exec \"$@\" 2>" + sandbox.path("log")));
-    gone.waitFor("completed viewing");
-    gone.hangUp();
     const Finished finished = tooLong.finish();
     EXPECT_EQ(finished.exitCode, 3);
     EXPECT_THAT(finished.out, HasSubstr("the terminal has gone, or an answer was longer than 79 bytes.\n"));
+    Terminal gone = onTerminal(script("trap '' HUP; exec \"$@\" 2>" + sandbox.path("log")));
+    gone.waitFor("completed viewing");
+    gone.hangUp();
     EXPECT_EQ(gone.finish().exitCode, 3);
     EXPECT_FALSE(sandbox.has("status"));
 }
