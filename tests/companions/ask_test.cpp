@@ -75,8 +75,7 @@ TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
 }
 
 TEST_P(Ask, findsTheTerminalWhateverTheStandardDescriptorsAre) {
-    const std::string log = sandbox.path("log");
-    for (const std::string& redirections : {"</dev/null 2>" + log + " >" + log, std::string("<&- 2>&- >&-")}) {
+    for (const std::string redirections : {"</dev/null >log 2>log", "<&- >&- 2>&-"}) {
         // The terminal would hang up while no one has it open.
         Terminal terminal = onTerminal(script("exec \"$@\" 9<&0 " + redirections), {}, 24, 40);
         terminal.waitFor("You have completed viewing the license \r\nagreement.");
@@ -178,7 +177,7 @@ TEST_P(Ask, takesPathsOfAnyKind) {
     const std::string odd = "a 'b\" $c\n*d";
     std::filesystem::rename(sandbox.path("licenses"), sandbox.path(odd));
     const Finished finished =
-        runShell(script("exec \"$@\" -l \"$ODD\" -s \"./$ODD//\" --accept any"), {{"ODD", odd}, {"CDPATH", "/"}});
+        runShell(script(R"(exec "$@" -l "$ODD" -s "./$ODD//" --accept any)"), {{"ODD", odd}, {"CDPATH", "/"}});
     EXPECT_EQ(finished.exitCode, 0) << finished.err;
     EXPECT_EQ(audit({sandbox.path(odd)}).exitCode, 0);
 }
