@@ -93,7 +93,7 @@ private:
     [[nodiscard]] std::string idOf(int32_t width) const { return code_ + "-" + std::to_string(width); }
 
     [[nodiscard]] std::string screen(const TextLines& lines, int32_t width, const std::string& what) const {
-        std::string html = "<div class=\"screen\" role=\"region\" tabindex=\"0\" aria-label=\"" + what + ", " + code_ +
+        std::string html = R"(<div class="screen" role="region" tabindex="0" aria-label=")" + what + ", " + code_ +
                            ", " + std::to_string(width) + " columns\"><pre lang=\"" + tagOf(code_) + "\">\n";
         for (std::size_t i = 0; i < lines.size(); ++i) html += lineOfCells(lineOf(lines, i), width, lost_);
         return html + "</pre></div>\n";
@@ -124,7 +124,7 @@ bool PreviewPage::add(const LanguageEntry& entry) {
     language.name().toUTF8String(name);
     const std::string title =
         std::string(entry.englishName) + " (<span lang=\"" + tagOf(code) + "\">" + escapeHtml(name) + "</span>)";
-    rows_ += "<tr><th scope=\"row\"><a href=\"#" + code + "\">" + title + "</a></th>";
+    rows_ += R"(<tr><th scope="row"><a href="#)" + code + "\">" + title + "</a></th>";
     parts_ += "<section class=\"language\">\n" + heading(2, title, code);
 
     const bool isLoaded = language.load();

@@ -8,7 +8,6 @@
 
 namespace zev::test {
 
-using testing::EndsWith;
 using testing::HasSubstr;
 
 /// Puts a pipe that holds the answer "1" in place of standard input.
