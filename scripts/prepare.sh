@@ -9,6 +9,11 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 root=$PWD
 mkdir -p build
 
+# This machine's processor, by the name that releases have for it.
+native=$(uname -m)
+native=${native/x86_64/x86-64}
+native=${native/aarch64/arm64}
+
 fail() {
     printf '%s\n' "$@" >&2
     exit 1
