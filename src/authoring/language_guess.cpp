@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "authoring/code_page_loss.h"
 #include "authoring/language_models.h"
 
 extern "C" {
@@ -56,9 +57,17 @@ const std::vector<Fingerprint>& knownLanguages() {
     return known;
 }
 
+/// The two ways of writing Chinese share most characters. A code page made for the one lacks the rest of the other.
+std::string clearlyBetterChinese(const icu::UnicodeString& text, bool isTraditional) {
+    const auto lost = [&](bool traditional) { return lossIn(traditional ? "Big5" : "GB2312", text).count(); };
+    const std::size_t clearlyMore = static_cast<std::size_t>(text.length()) / 10;
+    return lost(isTraditional) > lost(!isTraditional) + clearlyMore ? (isTraditional ? "zh" : "zh_TW") : "";
+}
+
 }  // namespace
 
 std::string clearlyBetterLanguage(const icu::UnicodeString& text, const std::string& code) {
+    if (code == "zh" || code == "zh_TW") return clearlyBetterChinese(text, code == "zh_TW");
     if (text.length() < shortestText) return "";
     constexpr int32_t enough = 1 << 16;
     std::string bytes;

@@ -6,8 +6,9 @@
 
 namespace zev {
 
-/// The language as which a text reads clearly better than as `code`, of those that both are written in Latin script;
-/// empty where there is none, the text is short or `code` is of another script. Compares frequent letter groups.
+/// The language as which a text reads clearly better than as `code`, empty where there is none. In Latin script
+/// compares frequent letter groups, unless the text is short; tells the two ways of writing Chinese apart by their code
+/// pages. Of the others each has a script of its own.
 [[nodiscard]] std::string clearlyBetterLanguage(const icu::UnicodeString& text, const std::string& code);
 
 }  // namespace zev
