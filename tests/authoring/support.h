@@ -1,30 +1,24 @@
 #pragma once
 
-#include <string>
+#include <gtest/gtest.h>
 
 #include "support/session.h"
 
 namespace zev::test {
 
-/// What a command of zev-licenses ended with and wrote.
-struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-/// Runs zev-licenses in this process.
-Outcome runLicenses(const Arguments& arguments);
+inline Finished runLicenses(const Arguments& arguments, Preparation prepare = unprepared) {
+    return run(arguments, {}, "", prepare, ZEV_BUILT "/zev-licenses");
+}
 
 /// A licence directory "set" made of the sample texts, in a sandbox of its own.
 struct SampleSet : Sandbox {
-    SampleSet();
+    SampleSet() { EXPECT_EQ(runLicenses({"build", ZEV_SAMPLE_TEXTS, path("set")}).err, ""); }
 
     /// The findings of `check` and its options, without the summary.
-    [[nodiscard]] std::string check(const Arguments& options = {}) const;
+    [[nodiscard]] std::string check(const Arguments& options = {}) const {
+        const std::string out = runLicenses(joined({"check", path("set")}, options)).out;
+        return out.substr(0, out.find(path("set")));
+    }
 };
-
-/// UTF-16, big-endian behind a mark, as `build` writes it.
-std::string bigEndian(std::u16string_view text);
 
 }  // namespace zev::test

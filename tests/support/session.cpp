@@ -34,10 +34,9 @@ Arguments testedCommand() {
 
 [[noreturn]] void execute(const std::string& program, const Arguments& arguments, const Environment& environment,
                           Preparation prepare) {
-    Arguments words = program.empty() ? testedCommand() : Arguments{program};
+    Arguments words = joined(program.empty() ? testedCommand() : Arguments{program}, arguments);
     const std::string file = words.front();
-    if (program.empty() && words.size() == 1) words.front() = "zev";
-    words.insert(words.end(), arguments.begin(), arguments.end());
+    words.front().erase(0, file.rfind('/') + 1);
     clearenv();
     setenv("TZ", "UTC", 1);
     setenv("PATH", "/usr/bin:/bin", 1);
@@ -59,6 +58,11 @@ int exitCodeOf(pid_t process) {
 
 }  // namespace
 
+Arguments joined(Arguments arguments, const Arguments& more) {
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+}
+
 std::vector<LanguageEntry> languages() {
     const RunContext context = createRunContext("", "", defaultLanguageSet);
     std::vector<LanguageEntry> all;
@@ -67,8 +71,8 @@ std::vector<LanguageEntry> languages() {
 }
 
 std::string utf16(std::u16string_view text) {
-    std::string bytes = "\xFF\xFE";
-    for (const char16_t unit : text) bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    std::string bytes = "\xFE\xFF";
+    for (const char16_t unit : text) bytes += {static_cast<char>(unit >> 8), static_cast<char>(unit & 0xFF)};
     return bytes;
 }
 
@@ -81,16 +85,6 @@ Sandbox::Sandbox() {
         write("licenses/LA_" + code, utf16(wide + u" agreement\n"));
         write("licenses/LI_" + code, utf16(wide + u" information\n"));
     }
-}
-
-Sandbox::~Sandbox() { std::filesystem::remove_all(root_); }
-
-std::string Sandbox::path(std::string_view name) const { return name.empty() ? root_ : root_ / name; }
-
-Arguments Sandbox::arguments(const Arguments& more) const {
-    Arguments all{"-l", path("licenses"), "-s", path("status")};
-    all.insert(all.end(), more.begin(), more.end());
-    return all;
 }
 
 std::string Sandbox::read(std::string_view name) const {

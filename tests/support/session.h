@@ -16,10 +16,13 @@ namespace zev::test {
 using Arguments = std::vector<std::string>;
 using Environment = std::map<std::string, std::string>;
 
+/// Some arguments, and behind them others.
+Arguments joined(Arguments arguments, const Arguments& more);
+
 /// Every language of the larger set, in the order of the table.
 std::vector<LanguageEntry> languages();
 
-/// Little-endian UTF-16 with a byte order mark.
+/// UTF-16 as zev-licenses writes it: big-endian, behind a byte order mark.
 std::string utf16(std::u16string_view text);
 
 /// A temporary directory for one test, with a complete licence set in `licenses`: of each language the agreement
@@ -27,14 +30,16 @@ std::string utf16(std::u16string_view text);
 class Sandbox {
 public:
     Sandbox();
-    ~Sandbox();
+    ~Sandbox() { std::filesystem::remove_all(root_); }
     Sandbox(const Sandbox&) = delete;
     Sandbox& operator=(const Sandbox&) = delete;
 
     /// The path of a name inside; the directory itself for none.
-    [[nodiscard]] std::string path(std::string_view name = "") const;
+    [[nodiscard]] std::string path(std::string_view name = "") const { return name.empty() ? root_ : root_ / name; }
     /// The arguments of a run on `licenses` and `status`.
-    [[nodiscard]] Arguments arguments(const Arguments& more = {}) const;
+    [[nodiscard]] Arguments arguments(const Arguments& more = {}) const {
+        return joined({"-l", path("licenses"), "-s", path("status")}, more);
+    }
     [[nodiscard]] bool has(std::string_view name) const { return std::filesystem::exists(path(name)); }
     /// The bytes of a file; a text of its own when there is none.
     [[nodiscard]] std::string read(std::string_view name) const;
@@ -56,19 +61,18 @@ struct Finished {
 
 /// What a process does to itself before it becomes the binary.
 using Preparation = void (*)();
+inline void unprepared() {}
 
 /// Runs the real binary, or another program, to its end: with nothing in its environment but TZ=UTC, a PATH and
 /// `environment`, and with `input` in a file on its standard input.
-Finished run(
-    const Arguments& arguments, const Environment& environment = {}, const std::string& input = "",
-    Preparation prepare = [] {}, const std::string& program = "");
+Finished run(const Arguments& arguments, const Environment& environment = {}, const std::string& input = "",
+             Preparation prepare = unprepared, const std::string& program = "");
 
 /// The real binary, or another program, on a terminal of its own, which neither echoes nor changes line ends.
 class Terminal {
 public:
-    Terminal(
-        unsigned short rows, unsigned short columns, const Arguments& arguments, const Environment& environment = {},
-        Preparation prepare = [] {}, const std::string& program = "");
+    Terminal(unsigned short rows, unsigned short columns, const Arguments& arguments,
+             const Environment& environment = {}, Preparation prepare = unprepared, const std::string& program = "");
     ~Terminal();
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
@@ -76,6 +80,11 @@ public:
     /// Reads on until `text` has appeared; fails the test when it does not come in time.
     void waitFor(const std::string& text);
     void type(const std::string& line);
+    /// Types a line when `text` has appeared.
+    void answer(const std::string& text, const std::string& line) {
+        waitFor(text);
+        type(line);
+    }
     void raise(int signal) const;
     void hangUp();
     /// How the terminal is set now.

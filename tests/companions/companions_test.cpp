@@ -1,28 +1,90 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
 
-#include "companions/companion.h"
+#include "support/session.h"
 
 namespace zev::test {
 
+using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
+using testing::Not;
+using testing::StartsWith;
+
+/// The companions under one shell: dash with the utilities of the system, or BusyBox's ash with BusyBox's alone. By the
+/// umask, nobody but the caller may read what is made.
+class Companion : public testing::TestWithParam<std::string> {
+protected:
+    Companion() {
+        umask(077);
+        if (GetParam() == "dash") return;
+        shell_ = "/bin/busybox";
+        applet_ = {"ash"};
+        path_ = sandbox.path("applets");
+        std::filesystem::create_directory(path_);
+        EXPECT_EQ(runShell({"--install", "-s", path_}).exitCode, 0) << "BusyBox is needed";
+    }
+
+    /// The arguments that make the shell run a companion.
+    [[nodiscard]] Arguments command(const std::string& companion, const Arguments& arguments) const {
+        return joined(joined(applet_, {ZEV_BUILT "/" + companion}), arguments);
+    }
+    /// The arguments that make the shell ask for the terms in `licenses`, with the state in `status`.
+    [[nodiscard]] Arguments asking(const Arguments& more = {}) const {
+        return command("zev-ask", joined(sandbox.arguments({"-p", "acme", "-v", "3.1"}), more));
+    }
+    /// The arguments that make the shell run a script in the sandbox, in which "$@" asks and "$AUDIT" is zev-audit.
+    [[nodiscard]] Arguments script(const std::string& text) const {
+        return joined(joined(applet_, {"-c", "cd \"$HERE\" || exit\n" + text, "script", shell_}), asking());
+    }
+    /// Runs the shell without a terminal.
+    [[nodiscard]] Finished runShell(const Arguments& arguments, const Environment& more = {}) const {
+        return run(
+            arguments, environment(more), "", [] { setsid(); }, shell_);
+    }
+    [[nodiscard]] Terminal onTerminal(const Arguments& arguments, const Environment& more = {},
+                                      unsigned short rows = 24, unsigned short columns = 80) const {
+        return {rows, columns, arguments, environment(more), unprepared, shell_};
+    }
+    [[nodiscard]] Finished ask(const Arguments& more = {}) const { return runShell(asking(more)); }
+    [[nodiscard]] Finished audit(const Arguments& arguments) const { return runShell(command("zev-audit", arguments)); }
+    [[nodiscard]] std::string terms() const {
+        return runShell(command("zev-ask", {"--fingerprint", "-l", sandbox.path("licenses")})).out.substr(0, 64);
+    }
+    /// A path inside the record of the terms as they are now.
+    [[nodiscard]] std::string record(const std::string& name, const std::string& state = "status") const {
+        return state + "/" + terms() + "/" + name;
+    }
+
+    const Sandbox sandbox;
+
+private:
+    [[nodiscard]] Environment environment(Environment more) const {
+        more.insert({{"PATH", path_}, {"HERE", sandbox.path()}, {"AUDIT", ZEV_BUILT "/zev-audit"}});
+        return more;
+    }
+
+    std::string shell_ = "/bin/dash";
+    Arguments applet_;
+    std::string path_ = "/usr/bin:/bin";
+};
 
 using Ask = Companion;
-INSTANTIATE_TEST_SUITE_P(Shells, Ask, testing::Values("dash", "busybox"),
-                         [](const auto& shell) { return shell.param; });
+using Audit = Companion;
+INSTANTIATE_TEST_SUITE_P(Shells, Ask, testing::Values("dash", "busybox"), [](const auto& s) { return s.param; });
+INSTANTIATE_TEST_SUITE_P(Shells, Audit, testing::Values("dash", "busybox"), [](const auto& s) { return s.param; });
 
 constexpr const char* time = "20..-..-..T..:..:..Z";
 
 TEST_P(Ask, recordsAnAcceptanceAndAsksAgainOnlyForOtherTerms) {
     sandbox.write("licenses/LA_ja", utf16(u"契約\n"));
     Terminal terminal = onTerminal(asking(), {{"LANG", "ja_JP"}});
-    terminal.waitFor("契約");
-    terminal.type("1");
+    terminal.answer("契約", "1");
     const Finished finished = terminal.finish();
     const std::string shortTerms = terms().substr(0, 16);
     EXPECT_EQ(finished.exitCode, 0);
@@ -50,13 +112,11 @@ TEST_P(Ask, recordsAnAcceptanceAndAsksAgainOnlyForOtherTerms) {
 
 TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
     const std::string known = terms();
-    const struct {
-        std::string accept;
-        int exitCode;
-        std::string says;
-    } rows[]{
-        {"", 2, "zev-ask: there is no terminal to show the terms of acme on.\n"},
-        {"", 2, "ZEV_ACCEPT=" + known.substr(0, 16) + "\n"},
+    const std::tuple<std::string, int, std::string> rows[]{
+        {"", 2,
+         "zev-ask: there is no terminal to show the terms of acme on.\n"
+         "To accept them all the same, read them with --show and set ZEV_ACCEPT=" +
+             known.substr(0, 16) + "\n"},
         {"0123456789abcdef", 2, "but 0123456789abcdef was accepted beforehand: they have changed, read them again.\n"},
         {known.substr(0, 15), 3, "is no fingerprint"},
         {known + "0", 3, "is no fingerprint"},
@@ -78,8 +138,7 @@ TEST_P(Ask, findsTheTerminalWhateverTheStandardDescriptorsAre) {
     for (const std::string redirections : {"</dev/null >log 2>log", "<&- >&- 2>&-"}) {
         // The terminal would hang up while no one has it open.
         Terminal terminal = onTerminal(script("exec \"$@\" 9<&0 " + redirections), {}, 24, 40);
-        terminal.waitFor("You have completed viewing the license \r\nagreement.");
-        terminal.type("2\n2");
+        terminal.answer("You have completed viewing the license \r\nagreement.", "2\n2");
         EXPECT_EQ(terminal.finish().exitCode, 1) << redirections;
     }
 }
@@ -90,10 +149,8 @@ TEST_P(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
     for (const auto rows : std::initializer_list<unsigned short>{3, 10, 11, 12, 13}) {
         Terminal terminal = onTerminal(asking(), {{"LANG", "de_DE"}}, rows, 40);
         for (const char* text : {"de agreement", "en agreement"}) {
-            terminal.waitFor(text);
-            terminal.type("4");
-            terminal.waitFor("other terms");
-            terminal.type("q\n5");
+            terminal.answer(text, "4");
+            terminal.answer("other terms", "q\n5");
         }
         terminal.type("2\n2");
         EXPECT_EQ(terminal.finish().exitCode, 1);
@@ -101,10 +158,8 @@ TEST_P(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
 }
 
 TEST_P(Ask, givesTheTerminalBackAndLeavesNothingOnEveryWayOut) {
-    const struct {
-        const char* answer;
-        int signal, exitCode;
-    } ways[]{{"1", 0, 0}, {"2\n2", 0, 1}, {"\x03", 0, -1}, {"", SIGHUP, -1}, {"", SIGTERM, -1}};
+    const std::tuple<const char*, int, int> ways[]{
+        {"1", 0, 0}, {"2\n2", 0, 1}, {"\x03", 0, -1}, {"", SIGHUP, -1}, {"", SIGTERM, -1}};
     for (const auto& [answer, signal, exitCode] : ways) {
         sandbox.remove("new");
         Terminal terminal = onTerminal(asking({"-s", sandbox.path("new/state")}));
@@ -123,8 +178,7 @@ TEST_P(Ask, givesTheTerminalBackAndLeavesNothingOnEveryWayOut) {
 
 TEST_P(Ask, endsByItselfWhenAnswersCanNoLongerBeRead) {
     Terminal tooLong = onTerminal(asking());
-    tooLong.waitFor("completed viewing");
-    tooLong.type("0" + std::string(79, ' '));
+    tooLong.answer("completed viewing", "0" + std::string(79, ' '));
     const Finished finished = tooLong.finish();
     EXPECT_EQ(finished.exitCode, 3);
     EXPECT_THAT(finished.out, HasSubstr("the terminal has gone, or an answer was longer than 79 bytes.\n"));
@@ -142,16 +196,11 @@ TEST_P(Ask, saysWhatItLacks) {
         for (const auto& language : languages()) missing += kind + std::string(language.code);
     }
     sandbox.write("odd/LA_en/directory", "");
-    const struct {
-        Arguments arguments;
-        std::string says;
-    } rows[]{
+    const std::pair<Arguments, std::string> rows[]{
         {{"-l", sandbox.path("empty")}, missing.erase(missing.find(" LA_en"), 6) + "\n"},
         {{"-l", sandbox.path("odd")}, " LA_en "},
-        {{"--zev", "/nowhere"}, "there is no zev at /nowhere"},
         {{"--zev", "/bin/true"}, "there is no zev at /bin/true"},
         {{"-s", sandbox.path("licenses/LA_en/state")}, "/LA_en/state cannot be written: "},
-        {{"-p", "a b"}, "-p needs a word"},
         {{"-p", "a\nb"}, "-p needs a word"},
         {{"-v", "../1"}, "-v needs a word"},
         {{"-p"}, "-p needs an argument"},
@@ -159,9 +208,7 @@ TEST_P(Ask, saysWhatItLacks) {
         {{"stray"}, "unknown option stray"},
     };
     for (const auto& [arguments, says] : rows) {
-        Arguments all{"--accept", "any"};
-        all.insert(all.end(), arguments.begin(), arguments.end());
-        const Finished finished = ask(all);
+        const Finished finished = ask(joined({"--accept", "any"}, arguments));
         EXPECT_EQ(finished.exitCode, 3) << says;
         EXPECT_THAT(finished.err, HasSubstr(says));
         EXPECT_FALSE(sandbox.has("status"));
@@ -215,7 +262,7 @@ TEST_P(Ask, leavesAWholeRecordOrNoneWhenItIsKilled) {
             [ "$(ls -A status | wc -l)" = 1 ] || echo "left over: $(ls -A status)"
             rm -r status
         done)sh"));
-    EXPECT_THAT(finished.out, testing::Not(testing::ContainsRegex("half|no record|left over"))) << finished.err;
+    EXPECT_THAT(finished.out, Not(ContainsRegex("half|no record|left over"))) << finished.err;
 }
 
 TEST_P(Ask, makesOneRecordInManyRunsAtOnce) {
@@ -224,7 +271,7 @@ TEST_P(Ask, makesOneRecordInManyRunsAtOnce) {
         for run in $runs; do wait $run || echo failed; done
         "$AUDIT" status || echo failed
         ls -A status | wc -l)sh"));
-    EXPECT_THAT(finished.out, AllOf(testing::Not(HasSubstr("failed")), EndsWith("\n1\n"))) << finished.err;
+    EXPECT_THAT(finished.out, AllOf(Not(HasSubstr("failed")), EndsWith("\n1\n"))) << finished.err;
 }
 
 TEST_P(Ask, countsTheRecordOfAGroup) {
@@ -246,14 +293,12 @@ TEST_P(Ask, offersAMenuOfTheLanguages) {
     for (const auto& language : languages()) {
         if (language.code != std::string("zh_TW")) latin.waitFor(std::string(". ") + language.englishName + "\r\n");
     }
-    latin.waitFor("[de] ");
-    latin.type("17\nx\n\x04\n");
+    latin.answer("[de] ", "17\nx\n\x04\n");
     latin.waitFor("de agreement");
 
     Terminal utf8 = onTerminal(asking({"--choose"}));
     utf8.waitFor(" 8. 日本語\r\n");
-    utf8.waitFor("[en] ");
-    utf8.type("13");
+    utf8.answer("[en] ", "13");
     utf8.waitFor("ru agreement");
 }
 
@@ -262,6 +307,74 @@ TEST_P(Ask, showsTheTextToWhoeverReadsItElsewhere) {
     const Finished finished =
         runShell(command("zev-ask", {"--show", "-l", sandbox.path("licenses")}), {{"LANG", "de_DE.ISO-8859-1"}});
     EXPECT_EQ(finished.out, "de agreement\nde information\n\naußerdem\n") << finished.err;
+}
+
+TEST_P(Audit, tellsTheStateOfEveryRecord) {
+    ASSERT_EQ(ask({"--accept", "any"}).exitCode, 0);
+    const std::string status = sandbox.path("status"), whole = sandbox.read(record("acceptance"));
+    const std::string shown = audit({status}).out;
+    EXPECT_THAT(shown, StartsWith("product  version  terms             accepted              who "));
+    EXPECT_THAT(shown, ContainsRegex("\nacme     3.1      " + terms().substr(0, 16) +
+                                     "  20..-..-..T..:..:..Z  [^ ]+ +unattended  -     ok\n$"));
+    EXPECT_EQ(audit({"--expect", terms(), status}).exitCode, 0);
+    EXPECT_THAT(
+        audit({"--expect", "0123456789abcdef", status}).out,
+        HasSubstr("acme     -        0123456789abcdef  -                     -     -           -     NOT ACCEPTED  "));
+
+    const std::tuple<const char*, std::string, const char*> faults[]{
+        // A file, what it is to hold, or nothing where there is to be none, and the state.
+        {"license/English.txt", "other", "COPIES CHANGED"},
+        {"license/English.txt", "", "COPIES CHANGED"},
+        {"license/more.txt", "more", "COPIES CHANGED"},
+        {"SHA256SUMS", "", "INCOMPLETE"},
+        {"acceptance", "", "INCOMPLETE"},
+        {"acceptance", "terms=0\n", "INCOMPLETE"},
+        {"acceptance", whole + "who=x\n", "COPIES CHANGED"},
+    };
+    for (const auto& [file, content, state] : faults) {
+        sandbox.remove("status");
+        ASSERT_EQ(ask({"--accept", "any"}).exitCode, 0);
+        sandbox.remove(record(file));
+        if (!content.empty()) sandbox.write(record(file), content);
+        const Finished finished = audit({status});
+        EXPECT_EQ(finished.exitCode, 1) << file << content;
+        EXPECT_THAT(finished.out, HasSubstr(state + ("  " + status) + "/" + terms())) << file << content;
+    }
+    sandbox.link(record("license/English.txt"), "/dev/zero");
+    EXPECT_THAT(audit({status}).out, HasSubstr("COPIES CHANGED"));
+    EXPECT_THAT(audit({sandbox.path("none")}).out, HasSubstr("NOT ACCEPTED  " + sandbox.path("none")));
+}
+
+TEST_P(Audit, lendsARecordOfZevNoMoreThanItProves) {
+    ASSERT_EQ(run(sandbox.arguments({"-t", "5"}), {{"LC_ALL", "C.UTF-8"}}).exitCode, 9);
+    const std::string status = sandbox.path("status");
+    EXPECT_THAT(audit({"--tsv", status}).out,
+                ContainsRegex("\n-\t-\t-\t... ... .. ..:..:.. UTC 20..\t-\t-\t-\t-\tno record\t"));
+    EXPECT_THAT(audit({"--tsv", "-l", sandbox.path("licenses"), status}).out, HasSubstr("\n-\t-\t" + terms() + "\t"));
+    sandbox.write("status/license/English.txt", "other");
+    EXPECT_THAT(audit({"--tsv", "-l", sandbox.path("licenses"), status}).out, Not(HasSubstr(terms())));
+    sandbox.write("status/license/status.dat", "#\nStatus=3\n");
+    EXPECT_THAT(audit({status}).out, HasSubstr("NOT ACCEPTED"));
+}
+
+TEST_P(Audit, writesWhatOthersCanRead) {
+    ASSERT_EQ(ask({"--accept", "any"}).exitCode, 0);
+    std::string changed = sandbox.read(record("acceptance"));
+    changed.replace(changed.find("3.1"), 3, "\"\\\t\x1B[31m\xC2\x9B");
+    sandbox.write(record("acceptance"), changed);
+    const std::string json = audit({"--json", sandbox.path("status")}).out;
+    EXPECT_THAT(json, StartsWith("[\n  {\"product\": \"acme\", \"version\": \"\\\"\\\\??[31m??\", \"terms\": \"" +
+                                 terms() + "\", "));
+    EXPECT_THAT(json, EndsWith(", \"lang\": null, \"state\": \"COPIES CHANGED\", \"path\": \"" +
+                               sandbox.path("status/" + terms()) + "\"}\n]\n"));
+    EXPECT_EQ(audit({"--tsv", "--", sandbox.path("status")}).out.find('\x1B'), std::string::npos);
+}
+
+TEST_P(Audit, refusesAWrongCall) {
+    for (const Arguments& wrong :
+         {Arguments{}, {"--odd", "."}, {"--expect"}, {"--expect", "12", "."}, {"-l", "/nowhere", "."}}) {
+        EXPECT_EQ(audit(wrong).exitCode, 2);
+    }
 }
 
 }  // namespace zev::test
