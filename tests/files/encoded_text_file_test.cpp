@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 #include "app/run_options.h"
 #include "files/license_text_set.h"
@@ -85,17 +84,6 @@ TEST(Paths, tellWhatIsAbsentFromWhatCannotBeOpened) {
     setrlimit(RLIMIT_NOFILE, &none);
     EXPECT_EQ(presenceOf(file), Presence::unknown);
     setrlimit(RLIMIT_NOFILE, &descriptors);
-}
-
-TEST(Paths, createsDirectoriesFromTheLeft) {
-    umask(022);
-    const Sandbox sandbox;
-    EXPECT_TRUE(makeDirectoryPath(sandbox.path("a//b/c/")));
-    EXPECT_TRUE(sandbox.has("a/b/c"));
-    EXPECT_EQ(std::filesystem::status(sandbox.path("a/b")).permissions() & std::filesystem::perms(0777),
-              std::filesystem::perms(0750));
-    EXPECT_TRUE(makeDirectory(sandbox.path("licenses/LA_en"))) << "whatever has the name counts";
-    EXPECT_FALSE(makeDirectoryPath(sandbox.path("licenses/LA_en/x/y")));
 }
 
 }  // namespace zev::test

@@ -14,9 +14,8 @@ using testing::HasSubstr;
 class Recording : public testing::Test {
 protected:
     int record(const char* locale = "en_US.UTF-8", const Arguments& more = {}) {
-        Arguments all = sandbox.arguments({"-debug", "-t", "5"});
-        all.insert(all.end(), more.begin(), more.end());
-        const Finished finished = run(all, {{"LC_ALL", locale}, {"TZ", "ABC-5"}});
+        const Finished finished =
+            run(joined(sandbox.arguments({"-debug", "-t", "5"}), more), {{"LC_ALL", locale}, {"TZ", "ABC-5"}});
         trace = finished.err;
         return finished.exitCode;
     }
@@ -49,7 +48,6 @@ TEST_F(Recording, copiesInTheCodePageOfTheProcess) {
     sandbox.write("licenses/notices", utf16(u"é"));
     const std::pair<const char*, std::string> rows[]{
         {"ja_JP.UTF-8", "許諾é\nx"},
-        {"ja_JP.eucJP", "\xB5\xF6\xC2\xFA\x8F\xAB\xB1\nx"},
         {"ja_JP.ISO-2022-JP", "\x1B$B5vBz\x1B(B\x1A\nx"},
         {"ko_KR.ISO-2022-KR", "\x1B$)C\x0EzIQg\x0F\x1A\nx"},
         {"fr_FR.ISO-8859-1", "\x1A\x1A\xE9\nx"},
@@ -103,7 +101,7 @@ TEST_F(Recording, doesNotDependOnTheMasterStatusFile) {
     const std::string written = "DEBUG: Master status.dat written successfully to ";
     const std::string failed = "DEBUG: Unable to write the master status.dat to ";
     sandbox.link("full/status.dat", "/dev/full");
-    const std::pair<const char*, std::string> rows[]{{"m/n", written}, {"full", failed}, {"licenses/LA_en/m", failed}};
+    const std::pair<const char*, std::string> rows[]{{"m//n", written}, {"full", failed}, {"licenses/LA_en/m", failed}};
     for (const auto& [master, line] : rows) {
         const std::string path = sandbox.path(master);
         EXPECT_EQ(record("C", {"-m", path}), 9);
@@ -123,7 +121,6 @@ TEST_F(Recording, writesTwoLinesWithTheLocalTime) {
 TEST_F(Recording, isJudgedByItsFirstLineThatSaysSomething) {
     using namespace std::string_literals;
     const std::pair<std::string, bool> rows[]{
-        {"Status=9\n", true},
         {"Status=9", true},
         {"#\n\n# Sat\nStatus=9\nStatus=3\n", true},
         {"Status=9\0rest\n"s, true},  // a line is a C string
