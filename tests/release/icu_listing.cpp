@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <sstream>
@@ -18,37 +19,21 @@
 
 namespace {
 
-class Digest {
-public:
-    void add(int64_t value) { value_ = (value_ ^ static_cast<uint64_t>(value)) * 0x100000001b3; }
-    [[nodiscard]] unsigned long long value() const { return value_; }
+std::size_t digest(const std::string& text) { return std::hash<std::string>()(text); }
 
-private:
-    uint64_t value_ = 0xcbf29ce484222325;
-};
-
-/// Characters of the first three planes into the code page, and every third pair of bytes out of it.
-Digest conversions(UConverter* converter) {
-    Digest digest;
-    std::array<char, 64> bytes;
+/// Characters of the first three planes in the code page, and every third pair of bytes out of it.
+std::string conversions(UConverter* converter) {
+    icu::UnicodeString characters;
     for (UChar32 character = 1; character < 0x30000; character += character < 0x3000 ? 1 : 7) {
-        if (U_IS_SURROGATE(character)) continue;
-        const icu::UnicodeString text(character);
-        UErrorCode status = U_ZERO_ERROR;
-        const int32_t size =
-            ucnv_fromUChars(converter, bytes.data(), bytes.size(), text.getBuffer(), text.length(), &status);
-        digest.add(status);
-        for (int32_t i = 0; i < size; ++i) digest.add(bytes[static_cast<std::size_t>(i)]);
+        if (!U_IS_SURROGATE(character)) characters.append(character);
     }
-    std::array<UChar, 64> units;
-    for (int pair = 0; pair < 0x10000; pair += 3) {
-        const char source[] = {static_cast<char>(pair >> 8), static_cast<char>(pair)};
-        UErrorCode status = U_ZERO_ERROR;
-        const int32_t size = ucnv_toUChars(converter, units.data(), units.size(), source, sizeof source, &status);
-        digest.add(status);
-        for (int32_t i = 0; i < size; ++i) digest.add(units[static_cast<std::size_t>(i)]);
-    }
-    return digest;
+    std::string pairs, result(1 << 20, '\0');
+    for (int pair = 0; pair < 0x10000; pair += 3) pairs += {static_cast<char>(pair >> 8), static_cast<char>(pair)};
+    UErrorCode status = U_ZERO_ERROR;
+    const auto size = characters.extract(result.data(), static_cast<int32_t>(result.size()), converter, status);
+    result.resize(static_cast<std::size_t>(size));
+    icu::UnicodeString(pairs.data(), static_cast<int32_t>(pairs.size()), converter, status).toUTF8String(result);
+    return result + u_errorName(status);
 }
 
 void listCodePages() {
@@ -56,7 +41,7 @@ void listCodePages() {
         UErrorCode status = U_ZERO_ERROR;
         const char* name = ucnv_getAvailableName(i);
         const icu::LocalUConverterPointer converter(ucnv_open(name, &status));
-        std::printf("code page %s: %s, %llx\n", name, u_errorName(status), conversions(converter.getAlias()).value());
+        std::printf("code page %s: %s, %zx\n", name, u_errorName(status), digest(conversions(converter.getAlias())));
         for (uint16_t n = 0; n < ucnv_countAliases(name, &status); ++n) {
             UErrorCode opened = U_ZERO_ERROR;
             const char* alias = ucnv_getAlias(name, n, &status);
@@ -66,61 +51,34 @@ void listCodePages() {
     }
 }
 
-// Latin, Greek and Cyrillic, Thai, Lao, Burmese, Khmer, punctuation, Japanese, Chinese, Korean, forms, pictures.
-constexpr UChar32 ranges[][2]{{0x20, 0x17f},    {0x370, 0x52f},   {0xe01, 0xe4e},   {0xe81, 0xecd},
-                              {0x1000, 0x109f}, {0x1780, 0x17d3}, {0x2000, 0x206f}, {0x3000, 0x30ff},
-                              {0x4e00, 0x9fff}, {0xac00, 0xd7a3}, {0xf900, 0xffef}, {0x1f300, 0x1f9ff}};
-
-/// Characters of one range after another, in an order without rule, so that dictionaries find words by chance.
-icu::UnicodeString charactersOfAllRanges() {
-    icu::UnicodeString text;
-    uint32_t random = 1;
-    for (const auto& [first, last] : ranges) {
-        for (int i = 0; i < 250; ++i) {
-            random = random * 1664525 + 1013904223;
-            text.append(first + static_cast<UChar32>((random >> 8) % static_cast<uint32_t>(last - first + 1)));
-        }
-        text.append(u' ');
-    }
-    return text;
-}
-
-icu::UnicodeString contentsOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return icu::UnicodeString::fromUTF8(std::string(std::istreambuf_iterator<char>(file), {}));
-}
-
 void listLineBreaks(const std::string& locale, const icu::UnicodeString& text) {
     std::array<char, 256> canonical{};
     UErrorCode status = U_ZERO_ERROR;
     uloc_canonicalize(locale.c_str(), canonical.data(), canonical.size(), &status);
     const std::unique_ptr<icu::BreakIterator> lines(
         icu::BreakIterator::createLineInstance(icu::Locale(canonical.data()), status));
-    Digest digest;
-    int breaks = 0;
+    std::string breaks;
     if (U_SUCCESS(status)) {
         lines->setText(text);
-        for (int32_t at = lines->first(); at != icu::BreakIterator::DONE; at = lines->next(), ++breaks) digest.add(at);
+        while (lines->next() != icu::BreakIterator::DONE) breaks += std::to_string(lines->current()) + " ";
     }
-    std::printf("lines %s = %s: %s, %d, %llx\n", locale.c_str(), canonical.data(), u_errorName(status), breaks,
-                digest.value());
+    std::printf("lines %s = %s: %s, %zx\n", locale.c_str(), canonical.data(), u_errorName(status), digest(breaks));
 }
+
+constexpr const char* locales =
+    "cs de el en es fr it ja ko lt pl pt ru sl tr zh zh_TW cs_CZ de_AT de_CH el_GR en_US en_US_POSIX en_GB es_MX "
+    "fr_CA it_CH ja_JP ko_KR lt_LT pl_PL pt_BR pt_PT ru_RU sl_SI tr_TR zh_CN zh_HK zh_SG zh_Hans zh_Hant_TW th_TH "
+    "lo_LA km_KH my_MM fi_FI sv_SE nb_NO ar_EG he_IL hi_IN vi_VN sr_RS__LATIN ca de__euro xx_YY root";
+constexpr const char* keywords =
+    "@lb=loose @lb=normal @lb=strict @lb=none @lw=normal @lw=breakall @lw=keepall @lw=phrase @lw=none @LB=LOOSE "
+    "@lb=loose;lw=phrase @lb=normal;lw=phrase @lb=strict;lw=phrase @lb=loose;lw=breakall @lb=normal;lw=keepall "
+    "@lb=strict;lw=breakall @ss=standard @timezone=Europe/Paris @calendar=japanese;lb=strict @collation=phonebook "
+    "@rg=uszzzz;lb=loose -u-ca-gregory-lb-loose -u-tz-deber-lw-phrase";
 
 std::vector<std::string> words(const char* text) {
     std::istringstream stream(text);
     return {std::istream_iterator<std::string>(stream), {}};
 }
-
-const auto locales = words(
-    "cs de el en es fr it ja ko lt pl pt ru sl tr zh zh_TW cs_CZ de_AT de_CH el_GR en_US en_US_POSIX en_GB es_MX fr_CA "
-    "it_CH ja_JP ko_KR lt_LT pl_PL pt_BR pt_PT ru_RU sl_SI tr_TR zh_CN zh_HK zh_SG zh_Hans zh_Hant_TW th_TH lo_LA "
-    "km_KH my_MM fi_FI sv_SE nb_NO ar_EG he_IL hi_IN vi_VN sr_RS__LATIN ca de__euro xx_YY root");
-
-const auto keywords = words(
-    "@lb=loose @lb=normal @lb=strict @lb=none @lw=normal @lw=breakall @lw=keepall @lw=phrase @lw=none @LB=LOOSE "
-    "@lb=loose;lw=phrase @lb=normal;lw=phrase @lb=strict;lw=phrase @lb=loose;lw=breakall @lb=normal;lw=keepall "
-    "@lb=strict;lw=breakall @ss=standard @timezone=Europe/Paris @calendar=japanese;lb=strict @collation=phonebook "
-    "@rg=uszzzz;lb=loose -u-ca-gregory-lb-loose -u-tz-deber-lw-phrase");
 
 }  // namespace
 
@@ -131,16 +89,19 @@ int main(int count, char** files) {
     u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
-    icu::UnicodeString text = charactersOfAllRanges();
-    text.append(u"ข้อตกลงนี้อยู่ระหว่างคุณกับผู้ผลิตโปรแกรม ຂໍ້ຕົກລົງນີ້ແມ່ນລະຫວ່າງທ່ານກັບຜູ້ຜະລິດ "
-                u"កិច្ចព្រមព្រៀងនេះគឺរវាងអ្នកនិងអ្នកផលិតកម្មវិធី ဤသဘောတူညီချက်သည်သင်နှင့်ထုတ်လုပ်သူအကြားဖြစ်သည် "
-                u"本契約はお客様と製作者との間で締結されます。");
-    for (int i = 1; i < count; ++i) text.append(contentsOf(files[i]));
-
+    // A sentence for each dictionary, and what strict and loose rules take each in its own way.
+    icu::UnicodeString text(
+        u"ข้อตกลงนี้อยู่ระหว่างคุณกับผู้ผลิตโปรแกรม ຂໍ້ຕົກລົງນີ້ແມ່ນລະຫວ່າງທ່ານກັບຜູ້ຜະລິດ "
+        u"កិច្ចព្រមព្រៀងនេះគឺរវាងអ្នកនិងអ្នកផលិតកម្មវិធី ဤသဘောတူညီချက်သည်သင်နှင့်ထုတ်လုပ်သူအကြားဖြစ်သည် "
+        u"本契約はお客様と製作者との間で締結されます。いいえ、ァーㇰ゛々〜・？！—…“”‥％￥€℃１２３ー字ー。한국어");
+    for (int i = 1; i < count; ++i) {
+        std::ifstream file(files[i], std::ios::binary);
+        text.append(icu::UnicodeString::fromUTF8(std::string(std::istreambuf_iterator<char>(file), {})));
+    }
     listLineBreaks("", text);
-    for (const std::string& locale : locales) {
+    for (const std::string& locale : words(locales)) {
         listLineBreaks(locale, text);
-        for (const std::string& more : keywords) listLineBreaks(locale + more, text);
+        for (const std::string& keyword : words(keywords)) listLineBreaks(locale + keyword, text);
     }
     listCodePages();
     return 0;
