@@ -149,7 +149,7 @@ TEST(Build, leavesTheOldSetOrTheNewOneWhenItIsKilled) {
             texts.write("eula/" + name + ".txt", Sandbox().read(ZEV_SAMPLE_TEXTS "/" + name + ".txt") + mark);
         }
         const Arguments call{ZEV_BUILT "/zev-licenses", "build", texts.path("eula"), texts.path("set")};
-        const Arguments after{"-s", "KILL", std::to_string(round / 1000.0)};
+        const Arguments after{"-s", "KILL", std::to_string(round / 1000.0)};  // 0 stands for never
         if (run(joined(after, call), {}, "", unprepared, "/usr/bin/timeout").exitCode != 0) ++killed;
         const std::string first = texts.read("set/LA_cs"), last = texts.read("set/LI_zh_TW");
         ASSERT_EQ(namesIn(texts, "set").size(), 36U);

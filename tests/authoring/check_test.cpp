@@ -104,11 +104,16 @@ TEST(Check, tellsEveryEncodingOfEveryLanguage) {
 
 TEST(Check, tellsSwappedAndRepeatedTexts) {
     const SampleSet set;
-    const std::string spanish = set.read("set/LA_es"), english = set.read("set/LA_en");
-    set.write("set/LA_es", set.read("set/LA_it"));
-    set.write("set/LA_it", spanish);
+    const std::string english = set.read("set/LA_en"), simplified = set.read("set/LA_zh");
+    std::filesystem::rename(set.path("set/LA_it"), set.path("set/LA_es"));
+    std::filesystem::rename(set.path("set/LA_zh_TW"), set.path("set/LA_zh"));
+    set.write("set/LA_zh_TW", simplified);
     EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped?\n"
-                           "LA_it: warning: most of it reads like es; are two files swapped?\n");
+                           "LA_it: error: missing\n"
+                           "LA_zh: warning: most of it reads like zh_TW; are two files swapped?\n"
+                           "LA_zh_TW: warning: most of it reads like zh; are two files swapped?\n");
+    set.write("set/LA_zh_TW", set.read("set/LA_zh"));
+    set.write("set/LA_zh", simplified);
     for (const char* name : {"set/LA_es", "set/LA_it", "set/LA_el"}) set.write(name, english);
     EXPECT_EQ(set.check({"--langset", "3"}),
               "LA_es LA_it: warning: the same text as LA_en\n"

@@ -120,7 +120,7 @@ TEST_P(Ask, acceptsWithoutATerminalOnlyWhatWasAcceptedBeforehand) {
         {"0123456789abcdef", 2, "but 0123456789abcdef was accepted beforehand: they have changed, read them again.\n"},
         {known.substr(0, 15), 3, "is no fingerprint"},
         {known + "0", 3, "is no fingerprint"},
-        {"yes", 3, "is no fingerprint"},
+        {"yes, all of them", 3, "is no fingerprint"},
         {known.substr(0, 16), 0, " accepted (unattended)\n"},
         {known, 0, " accepted (unattended)\n"},
         {"any", 0, " accepted (unattended)\n"},
