@@ -328,7 +328,8 @@ TEST_P(Audit, tellsTheStateOfEveryRecord) {
         {"license/more.txt", "more", "COPIES CHANGED"},
         {"SHA256SUMS", "", "INCOMPLETE"},
         {"acceptance", "", "INCOMPLETE"},
-        {"acceptance", "terms=0\n", "INCOMPLETE"},
+        {"acceptance", "accepted=x\n", "INCOMPLETE"},
+        {"acceptance", "terms=" + terms() + "\n", "INCOMPLETE"},
         {"acceptance", whole + "who=x\n", "COPIES CHANGED"},
     };
     for (const auto& [file, content, state] : faults) {
