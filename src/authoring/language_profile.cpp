@@ -60,7 +60,7 @@ constexpr const LanguageProfile* findProfile(std::string_view code) {
 ZEV_LANGUAGES(HAS_PROFILE)
 #undef HAS_PROFILE
 
-constexpr int64_t leastShareOfKana = 20;  ///< one in so many columns
+constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; Han alone is Chinese
 
 }  // namespace
 
@@ -78,11 +78,13 @@ bool isWrittenIn(const LanguageProfile& language, const icu::UnicodeString& text
         columns[uscript_getScript(character, &status)] += width;
         all += width;
     }
-    int64_t own = 0;
-    for (const UScriptCode script : language.scripts) own += columns[script];
-    const bool isJapanese = language.scripts.front() == USCRIPT_HIRAGANA;
-    const int64_t kana = columns[USCRIPT_HIRAGANA] + columns[USCRIPT_KATAKANA];
-    return 2 * own >= all && (!isJapanese || leastShareOfKana * kana >= own);
+    int64_t own = 0, besidesHan = 0;
+    for (const UScriptCode script : language.scripts) {
+        own += columns[script];
+        if (script != USCRIPT_HAN) besidesHan += columns[script];
+    }
+    const bool isChinese = language.scripts.front() == USCRIPT_HAN;
+    return 2 * own >= all && (isChinese || leastShareBesidesHan * besidesHan >= own);
 }
 
 }  // namespace zev

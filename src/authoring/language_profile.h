@@ -20,7 +20,8 @@ struct LanguageProfile {
 [[nodiscard]] const LanguageProfile& profileOf(std::string_view code);
 
 /// Whether most letters are of the language's scripts, by the columns that they take on the screen: a Chinese text may
-/// name many products in Latin letters. Japanese must show some kana. True for a text without letters.
+/// name many products in Latin letters. Japanese must show some kana, Korean some Hangul. True for a text without
+/// letters.
 [[nodiscard]] bool isWrittenIn(const LanguageProfile& language, const icu::UnicodeString& text);
 
 }  // namespace zev

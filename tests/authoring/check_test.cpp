@@ -33,6 +33,7 @@ TEST(Check, findsEachFaultAndNothingElse) {
         {"LA_en", english(u"Nothing") + "x", "LA_en: error: odd number of bytes; the last one is half a character\n"},
         {"LA_el", english(u"Nothing"), "LA_el: error: most letters are not of the language's script\n"},
         {"LI_ja", utf16(u"授權條款\n"), "LI_ja: error: most letters are not of the language's script\n"},
+        {"LI_ko", utf16(u"許可協議\n"), "LI_ko: error: most letters are not of the language's script\n"},
         {"LA_en", english(u"Nothing", u"\r\n\r\n"), "LA_en: warning: CR LF line ends (x2); the copies get them too\n"},
         {"LA_en", english(u"Nothing", u""),
          "LA_en: warning: no line feed at the end; the information begins in its last line\n"},
