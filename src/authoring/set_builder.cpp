@@ -1,5 +1,7 @@
 #include "authoring/set_builder.h"
 
+#include <strings.h>
+
 #include <algorithm>
 
 #include "app/run_options.h"
@@ -109,14 +111,18 @@ private:
 };
 
 /// Files of the sources that look like texts and are none of any set: a slip of the pen would let another text stand
-/// in.
+/// in, or leave one out.
 Findings misnamedSources(const std::string& directory, std::string& problem) {
+    const std::string stems[]{agreementName(""), informationName(""), "non_vur", "notice"};
     const auto files = filesOfSet(defaultLanguageSet);
     std::vector<std::string> names;
     Findings findings;
     if (!listDirectory(directory, names, problem)) return findings;
     for (const std::string& name : names) {
-        const bool looksLikeText = name.starts_with(agreementName("")) || name.starts_with(informationName(""));
+        const auto beginsLike = [&](const std::string& stem) {
+            return strncasecmp(name.c_str(), stem.c_str(), stem.size()) == 0;
+        };
+        const bool looksLikeText = std::ranges::any_of(stems, beginsLike);
         const auto isItsName = [&](const SetFile& file) { return file.name + sourceSuffix == name; };
         if (looksLikeText && std::ranges::none_of(files, isItsName)) {
             findings.push_back(

@@ -69,6 +69,9 @@ TEST(Build, refusesSourcesWithErrorsAndNamesFileAndLine) {
         {"LA_en.txt", {'a', '\n', '\0'}, ":2: error: U+0000: the screen ends here, the copy does not\n"},
         {"notices.txt", "", ": error: empty\n"},
         {"LA_xx.txt", "terms", ": warning: not the name of a text of any set\n"},
+        {"la_fr.txt", "terms", ": warning: not the name of a text of any set\n"},
+        {"Notices.txt", "terms", ": warning: not the name of a text of any set\n"},
+        {"non_vur_license", "terms", ": warning: not the name of a text of any set\n"},
     };
     for (const auto& [file, bytes, error] : rows) {
         const SampleTexts texts;
