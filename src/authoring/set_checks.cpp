@@ -97,9 +97,10 @@ private:
                                        ? text.file.language->code == code
                                        : text.file.kind == TextKind::otherPartiesTerms && code == "en";
             int32_t position = 0;
-            if (!isShownIn || !language.cutsWords(text.text, usualWidth, position)) continue;
+            if (!isShownIn || !language.hasTooWideWord(text.text, usualWidth, position)) continue;
             addFinding(text.label, Severity::warning, "wide-word",
-                       "a word wider than 79 columns is cut at the edge of the screen", lineAt(text.text, position));
+                       "a word that a line of 80 columns cannot hold is cut, or its line overflows",
+                       lineAt(text.text, position));
         }
     }
 

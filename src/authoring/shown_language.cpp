@@ -88,7 +88,7 @@ bool ShownLanguage::layOut(int32_t width, ShownLines& lines) const {
     return lines.license && lines.continuePrompt && lines.endPrompt && lines.confirmation;
 }
 
-bool ShownLanguage::cutsWords(const icu::UnicodeString& text, int32_t width, int32_t& position) const {
+bool ShownLanguage::hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::BreakIterator> breaks(
         icu::BreakIterator::createLineInstance(*dialog_->currentLocale, status));
@@ -96,6 +96,9 @@ bool ShownLanguage::cutsWords(const icu::UnicodeString& text, int32_t width, int
     breaks->setText(text);
     for (int32_t begin = breaks->first(), end; (end = breaks->next()) != icu::BreakIterator::DONE; begin = end) {
         if (displayWidth(*dialog_, text.tempSubStringBetween(begin, end)) < width) continue;
+        // Its line gets as many units as the screen has columns, be they less than the word or more.
+        const bool isCut = !text.tempSubStringBetween(begin + width, end).trim().isEmpty();
+        if (!isCut && terminalColumns(text.tempSubString(begin, width)) <= width) continue;
         position = begin;
         return true;
     }

@@ -51,9 +51,9 @@ public:
     /// False when there is nothing to lay out.
     [[nodiscard]] bool layOut(int32_t width, ShownLines& lines) const;
 
-    /// Whether zev cuts a word of `text` because it is wider than a line; `position` is that of the first, in code
-    /// units.
-    [[nodiscard]] bool cutsWords(const icu::UnicodeString& text, int32_t width, int32_t& position) const;
+    /// Whether `text` has a word that zev cuts because it is wider than a line, or whose line it lets overflow;
+    /// `position` is that of the first, in code units.
+    [[nodiscard]] bool hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const;
 
 private:
     RunContext context_;

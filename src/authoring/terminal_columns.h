@@ -10,7 +10,7 @@ namespace zev {
 /// or not at all, else 1. zev itself counts by simpler rules, see displayWidth.
 [[nodiscard]] int terminalColumns(UChar32 character);
 
-/// The columns of a line, which ends at its line feed; a tab goes on to the next multiple of eight.
+/// The columns of a line up to its line feed; a tab goes on to the next multiple of eight.
 [[nodiscard]] int64_t terminalColumns(const icu::UnicodeString& line);
 
 }  // namespace zev
