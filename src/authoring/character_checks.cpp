@@ -46,6 +46,11 @@ constexpr CharacterRule rules[]{
      u"\x61C\x61C\x200E\x200F\x202A\x202E\x2066\x2069"sv},
 };
 
+constexpr CharacterRule unassignedRule{
+    "unassigned", warning, "character that Unicode does not define", "shown as a box, or as each font likes", {}};
+
+constexpr CharacterRule invisibleRule{"invisible", warning, "invisible character", "counted and not shown", {}};
+
 constexpr CharacterRule wideRule{"wide-character",
                                  warning,
                                  "wide character",
@@ -65,6 +70,8 @@ const CharacterRule* ruleOf(UChar32 character, bool countsOneColumn) {
             if (character >= rule.ranges[i] && character <= rule.ranges[i + 1]) return &rule;
         }
     }
+    if ((U_GET_GC_MASK(character) & (U_GC_CN_MASK | U_GC_CO_MASK)) != 0) return &unassignedRule;
+    if (u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT)) return &invisibleRule;
     return countsOneColumn && terminalColumns(character) == 2 ? &wideRule : nullptr;
 }
 

@@ -130,8 +130,9 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
 
 TEST(Check, namesKindsAndLossesForPrograms) {
     const SampleSet set;
-    set.write("set/LA_en", english({0,    0,    0xFFFF, 0xD83D, '\r', 0xFFFD, '\t', '\t',   '\v',   '\f',
-                                    0x1B, 0x85, 0x2028, 0x2029, '\a', 0xFEFF, 0xAD, 0x202E, 0x2066, 0x200F}));
+    set.write("set/LA_en",
+              english({0,    0,      0xFFFF, 0xD83D, '\r',   0xFFFD, '\t',   '\t',   '\v',   '\f',   0x1B,
+                       0x85, 0x2028, 0x2029, '\a',   0xFEFF, 0xAD,   0x202E, 0x2066, 0x200F, 0x200B, 0xE000}));
     set.write("set/LA_zh_TW", "");
     set.write("set/\xFF", "");
     set.write("set/LA_ru", utf16(u"\u042F\u042F\u042F\u042F\n"));
@@ -144,9 +145,9 @@ TEST(Check, namesKindsAndLossesForPrograms) {
     for (const auto& finding : report["findings"]) kinds += finding["kind"].get<std::string>() + " ";
     EXPECT_EQ(kinds, "carriage-return nul u-ffff unpaired-surrogate lost-character tab vertical-tab form-feed escape "
                      "next-line line-separator paragraph-separator control byte-order-mark soft-hyphen "
-                     "bidirectional-control soft-hyphen empty name ");
+                     "bidirectional-control invisible unassigned soft-hyphen empty name ");
     EXPECT_EQ(report["errors"], 4);
-    EXPECT_EQ(report["warnings"], 15);
+    EXPECT_EQ(report["warnings"], 17);
     EXPECT_EQ(report["findings"][5],
               nlohmann::json::parse(R"({"file": "LA_en", "line": 3, "severity": "warning", "kind": "tab",
         "message": "tab (x2): counted as one column, shown as up to eight"})"));
