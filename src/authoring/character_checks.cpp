@@ -3,8 +3,10 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
+#include "authoring/double_encoding.h"
 #include "authoring/terminal_columns.h"
 
 namespace zev {
@@ -104,6 +106,13 @@ Findings checkCarriageReturns(const std::string& file, const icu::UnicodeString&
     return findings;
 }
 
+Findings checkDoubleEncoding(const std::string& file, const icu::UnicodeString& text, const LanguageProfile* language) {
+    const DoubleEncoding found = findDoubleEncoding(text, language);
+    if (found.lines == 0) return {};
+    const std::string name = std::string("UTF-8 that was read as ") + found.codePage + " and encoded again";
+    return {{file, found.firstLine, error, "double-encoding", countedName(name, found.lines) + ": zev shows it so"}};
+}
+
 }  // namespace
 
 Findings checkCharacters(const std::string& file, const icu::UnicodeString& text, const LanguageProfile* language,
@@ -123,6 +132,7 @@ Findings checkCharacters(const std::string& file, const icu::UnicodeString& text
     }
 
     Findings findings = checkCarriageReturns(file, text);
+    std::ranges::move(checkDoubleEncoding(file, text, language), std::back_inserter(findings));
     for (const auto& [rule, firstLine, count] : sightings) {
         findings.push_back(
             {file, firstLine, rule->severity, rule->kind, countedName(rule->name, count) + ": " + rule->effect});

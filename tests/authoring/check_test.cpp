@@ -31,6 +31,10 @@ TEST(Check, findsEachFaultAndNothingElse) {
          "LA_en: error: UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build\n"
          "LA_en: error: cannot be laid out; zev ends with 23\n"},
         {"LA_en", english(u"Nothing") + "x", "LA_en: error: odd number of bytes; the last one is half a character\n"},
+        {"LI_fr", utf16(u"\nlâ€™Ã©cran\nSociÃ©tÃ©\nCAFÉ®\n"),
+         "LI_fr:2: error: UTF-8 that was read as windows-1252 and encoded again (x2): zev shows it so\n"},
+        {"LI_ru", utf16(u"Р›РёС†РµРЅР·РёСЏ\n"),
+         "LI_ru:1: error: UTF-8 that was read as windows-1251 and encoded again: zev shows it so\n"},
         {"LA_el", english(u"Nothing"), "LA_el: error: most letters are not of the language's script\n"},
         {"LI_ja", utf16(u"授權條款\n"), "LI_ja: error: most letters are not of the language's script\n"},
         {"LI_ko", utf16(u"許可協議\n"), "LI_ko: error: most letters are not of the language's script\n"},
