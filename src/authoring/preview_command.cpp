@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -14,6 +15,8 @@
 #include "authoring/set_files.h"
 
 namespace zev {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -76,9 +79,13 @@ int previewHtml(const PreviewCommand& preview, const Findings& findings) {
         if (!page.add(language)) status = authoring_status::findings;
     }
     std::ofstream file(preview.html, std::ios::binary);
+    const bool isBegun = file.is_open();
     file << page.html();
     file.close();
-    return file ? status : cannotWork(preview.html + ": cannot be written");
+    if (file) return status;
+    std::error_code error;
+    if (isBegun && fs::is_regular_file(fs::symlink_status(preview.html, error))) fs::remove(preview.html, error);
+    return cannotWork(preview.html + ": cannot be written");
 }
 
 }  // namespace

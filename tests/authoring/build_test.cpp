@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <set>
 
 #include "authoring/support.h"
@@ -132,11 +130,7 @@ TEST(Build, keepsTheOldSetWhenTheDiskIsFull) {
     ASSERT_EQ(texts.build().exitCode, 0);
     const std::string before = texts.read("set/LA_en");
     texts.write("eula/LA_en.txt", "New terms\n");
-    const Finished finished = texts.build({}, [] {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{5000, 5000};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    });
+    const Finished finished = texts.build({}, fillDisk);
     EXPECT_EQ(finished.exitCode, 2);
     EXPECT_EQ(texts.read("set/LA_en"), before);
     EXPECT_EQ(namesIn(texts, ""), (std::set<std::string>{"eula", "licenses", "set"})) << "and leaves nothing beside it";

@@ -72,6 +72,8 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
     for (const char* active : {"<script", "src=", "href=\"http", "url(", "@import", "<b>"}) {
         EXPECT_FALSE(has(active)) << active;
     }
+    EXPECT_EQ(runLicenses({"preview", set.path("set"), "--html", set.path("page")}, fillDisk).exitCode, 2);
+    EXPECT_FALSE(set.has("page")) << "which would be cut";
 }
 
 TEST(CommandLineOfLicenses, keepsResultsAndMessagesApart) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include "support/session.h"
 
@@ -8,6 +11,13 @@ namespace zev::test {
 
 inline Finished runLicenses(const Arguments& arguments, Preparation prepare = unprepared) {
     return run(arguments, {}, "", prepare, ZEV_BUILT "/zev-licenses");
+}
+
+/// Lets files end as on a full disk.
+inline void fillDisk() {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{5000, 5000};
+    setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 /// A licence directory "set" made of the sample texts, in a sandbox of its own.
