@@ -65,6 +65,16 @@ void declarePreview(CLI::App& command, PreviewCommand& preview) {
     addLanguageSet(command, preview.languageSet);
 }
 
+/// Such as that of a variable that was never set: it would be taken for an option that was not given.
+void refuseEmptyValues(CLI::App& command) {
+    const auto problem = [](const std::string& value) {
+        return value.empty() ? "the value is empty; is a variable not set?" : std::string();
+    };
+    for (CLI::Option* option : command.get_options([](const CLI::Option* o) { return o->get_expected_min() > 0; })) {
+        option->check(problem);
+    }
+}
+
 /// CLI11 reports the wrong use of an option by throwing; so does this, for what depends on two options.
 void requireLanguage(const std::string& option, const std::string& code, int languageSet) {
     const auto hasCode = [&](const LanguageEntry& language) { return language.code == code; };
@@ -94,18 +104,20 @@ int runAuthoring(int argc, char** argv) {
     CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
     app.set_version_flag("--version", runOptions.version, "Print the version and end");
     app.footer("Ends with 0 when all is well, 1 with findings, 2 when it cannot work.");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);  // one is required below, when unknown words have been named
     CLI::App& build = *app.add_subcommand("build", "Make a licence directory of texts in UTF-8");
     CLI::App& check = *app.add_subcommand("check", "Find what is wrong with a licence directory");
     CLI::App& preview = *app.add_subcommand("preview", "Show what zev shows of a licence directory");
     declareBuild(build, calls.build);
     declareCheck(check, calls.check);
     declarePreview(preview, calls.preview);
+    for (CLI::App* command : {&build, &check, &preview}) refuseEmptyValues(*command);
 
     settleCodePage();
     int status = authoring_status::clean;
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("A subcommand");
         checkLanguages(calls);
         status = build.parsed()   ? runBuild(calls.build)
                  : check.parsed() ? runCheck(calls.check)
