@@ -60,7 +60,7 @@ std::ostream& operator<<(std::ostream& out, const Invocation& invocation) {
 
 void adoptPreferredLanguage(RunContext& context) {
     if (runOptions.preferredLanguage.empty()) return;
-    static_cast<void>(setLocale(context, icu::Locale(runOptions.preferredLanguage.c_str())));
+    static_cast<void>(setLocale(context, localeNamed(runOptions.preferredLanguage)));
 }
 
 int recordAcceptance(const RunContext& context) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <unicode/locid.h>
 #include <unicode/unistr.h>
 
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 /// The locale and the code page of the process. ICU's builds for Linux read other variables and take UTF-8 for granted,
@@ -12,6 +14,10 @@ namespace zev {
 /// Reads the environment and makes its locale ICU's default. Comes before any other use of ICU, which from here on has
 /// no data but its own.
 void adoptEnvironmentLocale();
+
+/// The locale of a name. Of one that is longer than ICU's buffers, which some releases of ICU refuse, only the language
+/// is sure to be there.
+[[nodiscard]] icu::Locale localeNamed(const std::string& name);
 
 /// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names
 /// none or one that ICU does not know.
