@@ -4,9 +4,9 @@
 #include <filesystem>
 
 #include "app/run_options.h"
-#include "authoring/directory_listing.h"
 #include "authoring/text_encoding.h"
-#include "authoring/text_source.h"
+#include "files/directory_listing.h"
+#include "files/regular_file.h"
 
 namespace zev {
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdio>
 
-#include "authoring/terminal_columns.h"
+#include "console/terminal_columns.h"
 
 namespace zev {
 

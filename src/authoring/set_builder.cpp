@@ -5,15 +5,15 @@
 #include <algorithm>
 
 #include "app/run_options.h"
-#include "authoring/atomic_directory.h"
-#include "authoring/directory_listing.h"
 #include "authoring/finished_text.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
-#include "authoring/text_source.h"
+#include "files/atomic_directory.h"
+#include "files/directory_listing.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
+#include "files/regular_file.h"
 
 namespace zev {
 

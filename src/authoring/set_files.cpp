@@ -1,20 +1,8 @@
 #include "authoring/set_files.h"
 
-#include "app/run_context.h"
 #include "files/license_text_set.h"
-#include "lang/resource.h"
 
 namespace zev {
-
-std::vector<LanguageEntry> languagesOfSet(int languageSet) {
-    RunContext context;
-    context.languageSet = languageSet;
-    std::vector<LanguageEntry> languages;
-    for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
-        languages.push_back(*language);
-    }
-    return languages;
-}
 
 std::vector<SetFile> filesOfSet(int languageSet) {
     std::vector<SetFile> files;

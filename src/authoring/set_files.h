@@ -21,7 +21,4 @@ struct SetFile {
 /// languages last.
 [[nodiscard]] std::vector<SetFile> filesOfSet(int languageSet);
 
-/// The languages of a set, in its order.
-[[nodiscard]] std::vector<LanguageEntry> languagesOfSet(int languageSet);
-
 }  // namespace zev

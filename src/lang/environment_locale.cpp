@@ -41,10 +41,10 @@ LocaleValue parse(std::string_view value) {
     return {std::string(value.substr(0, value.find_first_of(".@"))), between('.', '@'), between('@', '.')};
 }
 
-LocaleValue firstSet(std::initializer_list<const char*> variables) {
+std::string firstSet(std::initializer_list<const char*> variables) {
     for (const char* variable : variables) {
         const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0') return parse(value);
+        if (value != nullptr && *value != '\0') return value;
     }
     return {};
 }
@@ -54,7 +54,7 @@ bool isLong(const std::string& name) { return name.size() >= ULOC_FULLNAME_CAPAC
 
 /// A value that names a code set and no language leaves the language to LANG.
 icu::Locale localeOf(LocaleValue value) {
-    if (value.language.empty() && !value.codeSet.empty()) value = firstSet({"LANG"});
+    if (value.language.empty() && !value.codeSet.empty()) value = parse(firstSet({"LANG"}));
     std::string name = value.language;
     if (name == "C" || name == "POSIX" || (name.empty() && value.modifier.empty())) name = "en_US_POSIX";
     // ICU's form of a POSIX modifier is a variant, behind an empty territory if need be.
@@ -83,17 +83,21 @@ CodePage codePageOf(const LocaleValue& value) {
 
 }  // namespace
 
-void adoptEnvironmentLocale() {
+std::string environmentLocale() { return firstSet({"LC_ALL", "LC_CTYPE", "LANG"}); }
+
+void adoptEnvironmentLocale() { adoptLocale(environmentLocale()); }
+
+void adoptLocale(const std::string& value) {
     // Whatever ICU_DATA and ICU_TIMEZONE_FILES_DIR say, the data are those that the program is linked with.
     UErrorCode status = U_ZERO_ERROR;
     u_setDataDirectory("");
     u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
-    const LocaleValue value = firstSet({"LC_ALL", "LC_CTYPE", "LANG"});
-    processCodePage = codePageOf(value);
+    const LocaleValue pieces = parse(value);
+    processCodePage = codePageOf(pieces);
     status = U_ZERO_ERROR;
-    icu::Locale::setDefault(localeOf(value), status);
+    icu::Locale::setDefault(localeOf(pieces), status);
 }
 
 icu::Locale localeNamed(const std::string& name) {
