@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "files/descriptor.h"
+#include "files/directory_at.h"
 #include "files/directory_listing.h"
 
 namespace zev {
@@ -45,25 +46,16 @@ void clearLeftovers(const fs::path& path) {
     }
 }
 
-bool writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return false;
-        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 std::string writeFiles(const fs::path& directory, const DirectoryContent& content) {
     const Descriptor parent(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (parent.value < 0) return failure(directory, "cannot be opened");
+    if (!parent.isOpen()) return failure(directory, "cannot be opened");
     for (const auto& [name, bytes] : content) {
-        const Descriptor file(openat(parent.value, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-        if (file.value < 0 || !writeAll(file.value, bytes) || fsync(file.value) != 0) {
+        const Descriptor file(openat(parent.get(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (!file.isOpen() || !writeAll(file.get(), bytes) || fsync(file.get()) != 0) {
             return failure(directory / name, "cannot be written");
         }
     }
-    return fsync(parent.value) == 0 ? "" : failure(directory, "cannot be written");
+    return fsync(parent.get()) == 0 ? "" : failure(directory, "cannot be written");
 }
 
 /// Moves the new directory to its place; where there was an old one, that is found in the place of the new one then.
@@ -85,9 +77,9 @@ std::string replaceDirectory(const std::string& path, const DirectoryContent& co
     const fs::path place = placeOf(path, error);
     if (error) return path + ": " + error.message();
     const Descriptor parent(open(place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (parent.value < 0) return failure(place.parent_path(), "cannot be opened");
+    if (!parent.isOpen()) return failure(place.parent_path(), "cannot be opened");
     // Where there are no locks on directories, leftovers stay, and runs at the same time are still safe.
-    if (flock(parent.value, LOCK_EX) == 0) clearLeftovers(place);
+    if (flock(parent.get(), LOCK_EX) == 0) clearLeftovers(place);
 
     const fs::path made = place.parent_path() / (leftoverPrefix(place) + std::to_string(getpid()));
     if (!fs::create_directory(made, error)) {
@@ -96,7 +88,7 @@ std::string replaceDirectory(const std::string& path, const DirectoryContent& co
     std::string problem = writeFiles(made, content);
     if (problem.empty()) problem = moveIntoPlace(made, place);
     fs::remove_all(made, error);
-    if (problem.empty() && fsync(parent.value) != 0) problem = failure(place.parent_path(), "cannot be written");
+    if (problem.empty() && fsync(parent.get()) != 0) problem = failure(place.parent_path(), "cannot be written");
     return problem;
 }
 
