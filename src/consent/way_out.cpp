@@ -181,9 +181,9 @@ bool makeScratch(int parent, const std::string& name) {
 }
 
 bool takeTerminal(int descriptor) {
-    // In the background, this stops the run until the terminal is free; where nothing can be stopped, it never will be.
-    constexpr int attempts = 3;
-    for (int attempt = 0; attempt < attempts && !isInForeground(descriptor); ++attempt) raise(SIGTTOU);
+    // In the background this stops the whole job, as its shell expects; where nothing stops it, it stays there.
+    while (!isInForeground(descriptor) && tcdrain(descriptor) != 0 && errno == EINTR) {
+    }
     if (!isInForeground(descriptor)) return false;
 
     const SignalsHeld held;
