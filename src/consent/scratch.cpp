@@ -18,7 +18,6 @@ namespace zev {
 namespace {
 
 constexpr const char* prefix = ".zev-ask-";
-constexpr const char* lockName = "lock";
 
 std::string randomName() {
     constexpr std::string_view letters = "0123456789abcdefghijklmnopqrstuvwxyz";
@@ -45,8 +44,8 @@ Scratch openScratch(int parent) {
     std::string name;
     do {
         name = randomName();
-    } while (!makeScratch(parent, name) && errno == EEXIST);
-    scratch.directory = openDirectoryAt(parent, name);
+        scratch.directory = makeScratch(parent, name);
+    } while (!scratch.directory.isOpen() && errno == EEXIST);
     if (scratch.directory.isOpen()) {
         scratch.lock =
             Descriptor(openat(scratch.directory.get(), lockName, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
@@ -69,7 +68,9 @@ void clearLeftovers(int parent) {
         if (!name.starts_with(prefix)) continue;
         const Descriptor scratch = openDirectoryAt(parent, name);
         if (!scratch.isOpen() || fstat(scratch.get(), &status) != 0 || status.st_uid != geteuid()) continue;
-        if (isLeftOver(scratch.get(), std::time(nullptr) - status.st_mtime)) removeTreeAt(parent, name.c_str());
+        if (isLeftOver(scratch.get(), std::time(nullptr) - status.st_mtime)) {
+            removeScratch(parent, name.c_str(), scratch.get());
+        }
     }
 }
 

@@ -24,7 +24,8 @@ struct Made {
 // Read by signal handlers, and changed only while signals are held.
 std::array<Made, 64> made;
 std::size_t madeCount = 0;
-std::array<Made, 2> scratches;  // in the state directory, and in the master directory
+std::array<Made, 2> scratches;             // in the state directory, and in the master directory
+std::array<int, scratches.size()> opened;  // their own descriptors
 std::size_t scratchCount = 0;
 
 int terminal = -1;
@@ -49,7 +50,8 @@ bool keepName(Made& entry, int parent, const std::string& name) {
 void removeScratches() noexcept {
     while (scratchCount > 0) {
         const Made& scratch = scratches[--scratchCount];
-        removeTreeAt(scratch.parent, scratch.name.data());
+        removeScratch(scratch.parent, scratch.name.data(), opened[scratchCount]);
+        close(opened[scratchCount]);
         close(scratch.parent);
     }
 }
@@ -168,16 +170,24 @@ bool makeForRun(int parent, const std::string& name, mode_t mode) {
     return true;
 }
 
-bool makeScratch(int parent, const std::string& name) {
+Descriptor makeScratch(int parent, const std::string& name) {
     constexpr mode_t mode = 0700;
     const SignalsHeld held;
-    if (mkdirat(parent, name.c_str(), mode) != 0) return false;
-    if (scratchCount == scratches.size() || !keepName(scratches[scratchCount], parent, name)) {
+    if (mkdirat(parent, name.c_str(), mode) != 0) return Descriptor();
+    struct stat status {};
+    Descriptor scratch = openDirectoryAt(parent, name);
+    const bool isOwn = scratch.isOpen() && fstat(scratch.get(), &status) == 0 && status.st_uid == geteuid();
+    if (!isOwn || scratchCount == scratches.size() || !keepName(scratches[scratchCount], parent, name)) {
         unlinkat(parent, name.c_str(), AT_REMOVEDIR);
-        return false;
+        return Descriptor();
     }
-    ++scratchCount;
-    return true;
+    opened[scratchCount++] = fcntl(scratch.get(), F_DUPFD_CLOEXEC, 0);
+    return scratch;
+}
+
+void removeScratch(int parent, const char* name, int scratch) noexcept {
+    for (const char* part : {termsDirectory, recordDirectory, lockName}) removeTreeAt(scratch, part);
+    unlinkat(parent, name, AT_REMOVEDIR);
 }
 
 bool takeTerminal(int descriptor) {
