@@ -145,7 +145,7 @@ TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
         {{"-l", sandbox.path("empty")}, "are incomplete; missing: LA_"},
         {{"-l", sandbox.path("odd")}, "/LA_en: "},
         {{"-p", "-x"}, "a product is a word"},
-        {{"-p", ""}, "empty"},
+        {{"-l", ""}, "empty"},
         {{"-p", "../x"}, "a product is a word"},
         {{"-p", std::string(65, 'p')}, "a product is a word"},
         {{"-v", "2.0\t"}, "printable"},
@@ -197,7 +197,7 @@ TEST_F(Ask, keepsWordsInUtf8WhateverTheLocale) {
 TEST_F(Ask, namesTheLanguageOfTheTextAndOffersOnlyThoseThatHaveOne) {
     Terminal all = onTerminal({"--choose"}, {{"LANG", "fr_FR"}});
     all.waitFor(" 8. 日本語\r\n");
-    all.answer("16. Türkçe\r\n1-16 [6 Français]: ", "17");
+    all.answer("16. 简体中文\r\n1-16 [6 Français]: ", "17");
     all.answer("Please enter a number from 1 to 16, or a code such as fr.\r\n", "x");
     all.answer("Please enter", std::string(90, '7'));
     all.answer("Please enter", "ru");
@@ -256,8 +256,8 @@ TEST_F(Ask, refusesCodePagesThatLoseTheText) {
             terminal.answer("\r\n\r\n", "2");
             terminal.answer("\r\n", "2");
         } else {
-            terminal.waitFor(" of the locale cannot show the terms in the language " + std::string(language) +
-                             "; set LC_ALL=C.UTF-8 or");
+            terminal.waitFor(" of the locale");
+            terminal.waitFor("; set LC_ALL=C.UTF-8");
         }
         EXPECT_EQ(terminal.finish().exitCode, isLegible ? 1 : 3) << locale;
         EXPECT_FALSE(sandbox.has("state"));

@@ -84,7 +84,7 @@ TEST_F(Audit, showsNothingThatATerminalWouldObey) {
     sandbox.write(record() + ".log", "2020-01-01T00:00:00Z\t\x1B]0;x\x07\tw\n");
     ASSERT_EQ(script("cd " + record() +
                      " && sed -i "
-                     "'s/^version=.*/version=\"\\\\\\\\\\t\\x1B[31m\\xC2\\x9B\\xE2\\x80\\xAEй\\xFF/;s/^who=.*/who=日本/"
+                     "'s/^version=.*/version=\"\\\\\\t\\x1B[31m\\xC2\\x9B\\xE2\\x80\\xAEй\\xFF/;s/^who=.*/who=日本/"
                      "' acceptance && "
                      "sha256sum acceptance license/* >SHA256SUMS")
                   .exitCode,
