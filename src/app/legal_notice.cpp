@@ -1,6 +1,6 @@
 namespace {
 
-/// Goes with every copy of the executable and is printed by nothing; the linker would drop what nothing refers to.
+/// Every copy of the executable contains this notice, but nothing prints it. Without `retain` the linker would drop it.
 [[gnu::used, gnu::retain]] constexpr char legalNotice[] =
     "This program belongs to its maker and is handed out under a licence agreement.\n"
     "Copyright 2024-2026. All rights that the agreement does not give are reserved.\n"

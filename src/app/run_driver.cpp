@@ -27,7 +27,7 @@ namespace zev {
 
 namespace {
 
-/// A page reaches the terminal in one piece; whoever reads or traces flushes first.
+/// The buffer lets a page reach the terminal in one piece. Whatever reads or traces flushes it first.
 void bufferOutput() {
     static char buffer[1 << 16];
     std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);

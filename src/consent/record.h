@@ -13,7 +13,7 @@ inline constexpr const char* acceptanceName = "acceptance";
 inline constexpr const char* sumsName = "SHA256SUMS";
 inline constexpr const char* copiesName = "license";
 
-/// The lines of an acceptance, name=value, in this order. Those behind `zev` are there where they apply.
+/// The lines of an acceptance, name=value, in this order. Those after `zev` are there only if they apply.
 inline constexpr std::array acceptanceFields{"product",  "version", "terms",   "accepted", "who",  "host",   "mode",
                                              "language", "zev",     "prompts", "login",    "note", "master", "copied"};
 using Fields = std::map<std::string, std::string>;

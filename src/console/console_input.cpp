@@ -17,7 +17,7 @@ constexpr const char* inputMark = "[INPUT] ==> ";
 void readInput(LicenseDialog& dialog, std::span<char> buffer) {
     std::cout.flush();
     std::cin.getline(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    // The three records go out one by one, in this order, which shows where they share a file.
+    // Each record is flushed before the next: if they share a file, installers rely on this order.
     trace(inputMark, buffer.data());
     if (runOptions.echoInput) std::cout << inputMark << buffer.data() << std::endl;
     if (dialog.commandLog.is_open()) dialog.commandLog << buffer.data() << std::endl;

@@ -10,9 +10,9 @@ struct LicenseDialog;
 /// The size in bytes of every answer buffer.
 inline constexpr std::size_t answerSize = 80;
 
-/// Reads the next line of standard input into `buffer` as a C string, echoes it when input is no terminal, and logs it.
-/// After the end of input every answer is empty; a line that does not fit is cut, and every answer after it is empty.
-/// Deliberately there is no way back and no exit.
+/// Reads the next line of standard input into `buffer` as a C string, echoes it if the input is not a terminal, and
+/// logs it. After the end of input every answer is empty. A line that does not fit is cut, and every answer after it is
+/// empty. Deliberately nothing resets this state or ends the run.
 void readInput(LicenseDialog& dialog, std::span<char> buffer);
 
 }  // namespace zev

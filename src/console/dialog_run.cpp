@@ -54,7 +54,7 @@ private:
         writeLines(prompt.lines);
     }
 
-    /// Does what the answer asks for. None means that the dialogue goes on, with the prompt again.
+    /// Does what the answer asks for. Without a result the dialogue continues with the prompt.
     std::optional<Ending> takeAnswer() {
         std::array<char, answerSize> answer;
         readInput(dialog_, answer);

@@ -60,7 +60,8 @@ public:
 
     Breaks(icu::BreakIterator& iterator, std::u16string_view text) : iterator_(iterator), text_(text) {}
 
-    /// The first break behind `begin`, where the text starts or a settled break is: what stands before has no effect.
+    /// The first break after `begin`. The text starts there or has a settled break there, so what stands before it has
+    /// no effect.
     int32_t following(int32_t begin) {
         begin_ = begin;
         const std::u16string_view rest = text_.substr(static_cast<std::size_t>(begin));
@@ -110,7 +111,7 @@ bool addLine(TextLines& lines, std::u16string_view text, int32_t begin, int32_t 
     }
 }
 
-/// The furthest end of a line from `begin` that is narrower than `width`, at most behind its line feed.
+/// The furthest end of a line from `begin` that is narrower than `width`; a line feed ends the line.
 int32_t reachOf(std::u16string_view text, int32_t begin, int32_t width, bool doubleWidth) {
     const auto length = static_cast<int32_t>(text.size());
     int32_t end = begin;
@@ -123,7 +124,7 @@ int32_t reachOf(std::u16string_view text, int32_t begin, int32_t width, bool dou
     return end;
 }
 
-/// Behind a line feed there is always a break, so that of a line it can only be the last unit.
+/// There is always a break after a line feed, so a line feed can only be the last code unit of a line.
 bool endsInNewline(std::u16string_view text, int32_t begin, int32_t end) {
     return end > begin && text[static_cast<std::size_t>(end) - 1] == newline;
 }
@@ -154,7 +155,7 @@ std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::Uni
     int32_t end = start;
     int32_t nextPos = breaks.following(start);
     int32_t reach = 0;
-    // Adds the lines from `start` on that end at a settled break. They need no iterator; it goes on behind them.
+    // Adds the lines from `start` on that end at a settled break. They need no iterator, which continues after them.
     const auto addSettledLines = [&] {
         const int32_t first = start;
         for (;;) {

@@ -38,7 +38,7 @@ bool readDocument(const RunContext& context, icu::UnicodeString& text) {
     return true;
 }
 
-/// When this fails to lay out the text, the file stays behind, empty.
+/// If the text cannot be laid out, an empty file remains.
 bool writeDocument(const LicenseDialog& dialog, icu::UnicodeString& text, const std::string& path) {
     const File document = createPrivateFile(path);
     const EncodedFile file = document ? attachEncoded(document.get()) : nullptr;

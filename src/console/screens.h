@@ -12,10 +12,10 @@ namespace zev {
 
 struct LicenseDialog;
 
-/// A page: lines of a text, and below them empty lines, which keep at one height what follows.
+/// A page: lines of a text and the empty lines below them, so that the prompt always stands at the same height.
 struct Page {
     std::size_t begin = 0;  ///< the first line
-    std::size_t end = 0;    ///< behind the last one
+    std::size_t end = 0;    ///< after the last one
     std::size_t emptyLines = 0;
 };
 
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] std::size_t pageCount() const;
 
     [[nodiscard]] Page firstPage() const { return pageFrom(0); }
-    /// The page after another; behind the text it has no lines.
+    /// The page after another. After the end of the text it has no lines.
     [[nodiscard]] Page pageAfter(const Page& page) const { return pageFrom(page.end); }
     [[nodiscard]] Page pageBefore(const Page& page) const;
     /// The prompt that ends at the same height on every page.
@@ -60,7 +60,7 @@ private:
     uint32_t pageLines_ = 0;
 };
 
-/// The page of the other parties' terms that begins with line `begin`; behind their end it is blank.
+/// The page of the other parties' terms that begins with line `begin`. After their end it is blank.
 [[nodiscard]] Page pageOfTerms(const TextLines& terms, std::size_t begin, int32_t screenHeight);
 
 }  // namespace zev

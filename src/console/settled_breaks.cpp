@@ -14,7 +14,7 @@ int32_t breakClass(char16_t unit) {
     return value == U_LB_H2 || value == U_LB_H3 ? int32_t{U_LB_IDEOGRAPHIC} : value;
 }
 
-/// Whether a unit of the class has no say beyond the unit behind it, or behind the blank that follows.
+/// Whether a unit of this class only affects the unit after it, or the one after the blank that follows it.
 bool isPlain(int32_t value) {
     return value == U_LB_ALPHABETIC || value == U_LB_IDEOGRAPHIC || value == U_LB_CLOSE_PUNCTUATION ||
            value == U_LB_INFIX_NUMERIC;

@@ -6,7 +6,7 @@
 
 namespace zev {
 
-/// The size of a screen, by default that of a terminal of which nothing is known.
+/// The size of a screen. The defaults hold for a terminal of which nothing is known.
 struct ScreenSize {
     int32_t width = 80;   ///< columns
     int32_t height = 24;  ///< lines
@@ -15,7 +15,7 @@ struct ScreenSize {
 /// The lines that every page leaves free besides its text and its prompt.
 inline constexpr int32_t reservedLines = 3;
 
-/// What the driver of the terminal behind a descriptor tells of its size; the default for what it does not tell.
+/// The size of the terminal that a descriptor refers to. What its driver does not tell has the default value.
 [[nodiscard]] ScreenSize sizeOfTerminal(int descriptor);
 
 /// Measures the terminal on standard error; COLUMNS and LINES win over it. Writes the result to the file of `-dimout`.

@@ -29,8 +29,8 @@ public:
     friend bool operator==(const TextLines&, const TextLines&) = default;
 
 private:
-    std::u16string units_;           ///< of all lines, one behind the other
-    std::vector<std::size_t> ends_;  ///< where each line ends in there
+    std::u16string units_;           ///< of all lines, one after the other
+    std::vector<std::size_t> ends_;  ///< where each line ends in `units_`
 };
 
 }  // namespace zev

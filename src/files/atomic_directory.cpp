@@ -24,7 +24,7 @@ std::string failure(const fs::path& path, const char* what) {
     return path.string() + ": " + what + ": " + std::strerror(errno);
 }
 
-/// The directory itself: absolute, behind any link, and without a slash at its end.
+/// The directory itself: its absolute path, with all links resolved and no slash at its end.
 fs::path placeOf(const std::string& path, std::error_code& error) {
     const fs::path whole = fs::absolute(path, error);
     const fs::path place = error ? whole : fs::weakly_canonical(whole, error);

@@ -14,7 +14,7 @@ namespace zev {
 namespace {
 
 /// Hands the units of `file` up to the end of its text to `consume`, block by block, until `consume` returns false.
-/// False when the file could not be read to its end: ICU takes an error for the end, so the file below is asked.
+/// False if the file could not be read to its end: ICU takes an error for the end, so the FILE that it reads is asked.
 template <class Consume>
 [[nodiscard]] bool forEachBlock(UFILE* file, Consume consume) {
     std::array<char16_t, 4096> block;

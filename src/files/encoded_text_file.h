@@ -43,7 +43,7 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 
 /// Copies a file from one code page into another; null stands for the code page of the process. True when both files
 /// could be opened and the input be read to its end: a write error on the way is deliberately not noticed. When only
-/// the input cannot be opened, an empty output stays behind.
+/// the input cannot be opened, an empty output remains.
 [[nodiscard]] bool copyFileConverted(const char* inputPath, const char* inputCodePage, const char* outputPath,
                                      const char* outputCodePage);
 

@@ -12,7 +12,7 @@ struct CloseFile {
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
 /// A file whose content is replaced in place. It is not emptied first, so that a reader, or whoever finds it after a
-/// kill, misses nothing of a content that did not change; it is cut behind the last byte written when it is closed. A
+/// kill, misses nothing of a content that did not change. When it is closed, it is cut after the last byte written. A
 /// link in its place is followed.
 class ReplacedFile {
 public:
@@ -26,8 +26,8 @@ public:
     /// Whether all that was written has reached the file system; if not, errno has the cause.
     [[nodiscard]] bool flush();
 
-    /// Cuts the file behind what has reached it and closes it. True when that is all that was written; if not, errno
-    /// has the cause.
+    /// Cuts the file after the last byte that reached it, and closes it. True when that is all that was written; if
+    /// not, errno has the cause.
     bool close();
 
 private:
@@ -35,7 +35,7 @@ private:
 };
 
 /// Creates a file that no other user can read or has opened. What lay in its place is removed; if that cannot be done,
-/// as with a directory, or something is back at once, the result is null.
+/// as with a directory, or if something takes its place at once, the result is null.
 [[nodiscard]] File createPrivateFile(const std::string& path);
 
 }  // namespace zev

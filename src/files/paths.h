@@ -16,10 +16,10 @@ enum class Presence {
 /// Tries to open the file for reading.
 [[nodiscard]] Presence presenceOf(const std::string& path);
 
-/// Whether the file is not absent. Where that is unknown, opening it will show.
+/// Whether the file is not absent. If that is unknown, opening the file will show it.
 [[nodiscard]] bool fileExists(const std::string& path);
 
-/// Creates a directory with mode 0750. True when it exists afterwards, or something else of its name does.
+/// Creates a directory with mode 0750. True if the directory, or anything else of its name, exists afterwards.
 [[nodiscard]] bool makeDirectory(const std::string& path);
 
 /// Creates a directory and all above it, from the left, up to the first that cannot be created.

@@ -14,7 +14,7 @@ namespace zev {
 
 namespace {
 
-/// Far beyond any agreement, and well within what zev itself can load.
+/// Far more than any agreement needs, and well below what zev itself can load.
 constexpr std::size_t mostMebibytes = 256;
 constexpr std::size_t mostBytes = mostMebibytes << 20;
 
@@ -28,7 +28,7 @@ FileContent problemOf(int error) {
 
 FileContent readRegularFile(const std::string& path) {
     struct stat status {};
-    // Looked at before it is opened, which can wait or act where it is a pipe or a device.
+    // Asked before the file is opened, because opening a pipe or a device can block or have effects.
     if (stat(path.c_str(), &status) != 0) return problemOf(errno);
     if (!S_ISREG(status.st_mode)) return problem("not a regular file");
     const auto tooLarge = [] {

@@ -42,7 +42,7 @@ bool writeStatusFile(const RunContext&, const std::string& path) {
         trace("Unable to open output file ", path);
         return false;
     }
-    // Without a buffer the content goes out in one write, which no reader sees in part and which is not repeated.
+    // Without a buffer the content goes out in one write, of which no reader sees a part and which is not repeated.
     std::setvbuf(file.stream(), nullptr, _IONBF, 0);
     std::fputs(content.c_str(), file.stream());
     return file.close();

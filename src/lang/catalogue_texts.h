@@ -17,7 +17,7 @@ private:
     const char* bytes_;
 };
 
-/// The texts of one catalogue, a member a slot of Resource, in slot order.
+/// The texts of one catalogue: one member for each slot of Resource, in slot order.
 struct CatalogueTexts {
     StoredText getLanguageCode;
     StoredText NUMERIC1_KEY;

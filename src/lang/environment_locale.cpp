@@ -57,7 +57,7 @@ icu::Locale localeOf(LocaleValue value) {
     if (value.language.empty() && !value.codeSet.empty()) value = parse(firstSet({"LANG"}));
     std::string name = value.language;
     if (name == "C" || name == "POSIX" || (name.empty() && value.modifier.empty())) name = "en_US_POSIX";
-    // ICU's form of a POSIX modifier is a variant, behind an empty territory if need be.
+    // ICU writes a POSIX modifier as a variant, after an empty territory if there is no other.
     if (!value.modifier.empty()) name += (name.find('_') == std::string::npos ? "__" : "_") + value.modifier;
 
     std::string canonical(name.size() + ULOC_FULLNAME_CAPACITY, '\0');

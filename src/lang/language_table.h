@@ -18,7 +18,7 @@ struct LanguageEntry {
 /// How many languages the context's set has; none when there is no such set.
 [[nodiscard]] unsigned languageCount(const RunContext& context);
 
-/// The languages of the set from index 0 upwards, in the order that matching and recording follow; null behind the
+/// The languages of the set from index 0 upwards, in the order that matching and recording follow; null after the
 /// last.
 [[nodiscard]] const LanguageEntry* languageEntry(const RunContext& context, unsigned index);
 

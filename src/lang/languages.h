@@ -1,7 +1,7 @@
 #pragma once
 
-/// The one list of languages, for what derives from it: the language table, in this order, the catalogues and their
-/// factory. A row is LANGUAGE(code, English name, whether the smaller set has it); a code stands behind its own prefix.
+/// The one list of languages, from which the language table (in this order), the catalogues and their factory derive. A
+/// row is LANGUAGE(code, English name, whether the smaller set has it). List a code after any code that is its prefix.
 #define ZEV_LANGUAGES(LANGUAGE)       \
     LANGUAGE(cs, "Czech", true)       \
     LANGUAGE(de, "German", true)      \

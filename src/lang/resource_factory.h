@@ -6,8 +6,8 @@
 
 namespace zev {
 
-/// A new catalogue for the first catalogue code with which `code` begins. Where there is none: the English one with
-/// `useDefault`, else null.
+/// A new catalogue for the first catalogue code with which `code` begins. If there is none, the result is the English
+/// catalogue with `useDefault`, and null without.
 [[nodiscard]] std::unique_ptr<Resource> createResource(const char* code, bool useDefault);
 
 }  // namespace zev
