@@ -178,8 +178,12 @@ private:
     /// The private directory in which the terms and the record lie; it is the working directory from here on.
     std::string enterScratch() {
         if (scratch_.directory.isOpen()) return "";
-        if (std::string problem = state_.create(); !problem.empty()) return problem;
-        scratch_ = openScratch(state_.descriptor());
+        // A run that declined may remove the state directory that it made just when this one enters it.
+        constexpr int attempts = 5;
+        for (int attempt = 0; attempt < attempts && !scratch_.directory.isOpen(); ++attempt) {
+            if (std::string problem = state_.create(); !problem.empty()) return problem;
+            scratch_ = openScratch(state_.descriptor());
+        }
         if (!scratch_.directory.isOpen()) return state_.path() + " cannot be written: " + scratch_.problem;
         if (fchdir(scratch_.directory.get()) == 0 && writeTerms(terms_)) return "";
         return "the terms cannot be copied to " + state_.path() + ": " + std::strerror(errno);

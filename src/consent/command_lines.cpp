@@ -8,6 +8,7 @@
 
 #include "consent/exit_status.h"
 #include "consent/legibility.h"
+#include "lang/environment_locale.h"
 
 namespace zev {
 
@@ -28,6 +29,9 @@ std::string problemOfProduct(const std::string& word) {
 /// Changes the text to UTF-8.
 std::string takeText(std::string& text) {
     std::string utf8;
+    if (!writesAscii()) {
+        return std::string("cannot be read in the code page ") + codePageName() + " of the locale; set LC_ALL=C.UTF-8";
+    }
     if (!toRecordText(text, utf8)) return "needs 1 to 200 printable characters without a blank at an end";
     text = utf8;
     return "";

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "consent/terms.h"
+#include "consent/way_out.h"
 #include "files/directory_at.h"
 #include "files/license_copies.h"
 #include "files/paths.h"
@@ -18,8 +19,6 @@
 namespace zev {
 
 namespace {
-
-constexpr const char* termsDirectory = "terms";
 
 std::string failure() { return std::strerror(errno); }
 

@@ -9,10 +9,8 @@ namespace zev {
 
 class Terms;
 
-/// The record in the making, in the scratch directory that is the working directory.
-inline constexpr const char* recordDirectory = "record";
-
-/// Lays the files of the terms into the working directory. On failure errno has the cause.
+/// Lays the files of the terms into the scratch directory, which is the working directory. On failure errno has the
+/// cause.
 [[nodiscard]] bool writeTerms(const Terms& terms);
 
 /// The context of a run on them, in the language of the locale of the process or in that of `language`, if there is

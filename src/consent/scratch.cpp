@@ -18,7 +18,6 @@ namespace zev {
 namespace {
 
 constexpr const char* prefix = ".zev-ask-";
-constexpr const char* lockName = "lock";
 
 std::string randomName() {
     constexpr std::string_view letters = "0123456789abcdefghijklmnopqrstuvwxyz";
@@ -51,8 +50,8 @@ Scratch openScratch(int parent) {
     std::string name;
     do {
         name = randomName();
-    } while (!makeScratch(parent, name) && errno == EEXIST);
-    scratch.directory = openDirectoryAt(parent, name);
+        scratch.directory = makeScratch(parent, name);
+    } while (!scratch.directory.isOpen() && errno == EEXIST);
     if (scratch.directory.isOpen()) {
         scratch.lock =
             Descriptor(openat(scratch.directory.get(), lockName, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
@@ -73,9 +72,7 @@ void clearLeftovers(int parent) {
     for (const std::string& name : names) {
         if (!name.starts_with(prefix)) continue;
         const Descriptor scratch = openDirectoryAt(parent, name);
-        if (!scratch.isOpen() || !isLeftOver(scratch.get())) continue;
-        emptyDirectory(scratch.get());
-        removeDirectoryAt(parent, name.c_str(), scratch.get());
+        if (scratch.isOpen() && isLeftOver(scratch.get())) removeScratch(parent, name.c_str(), scratch.get());
     }
 }
 

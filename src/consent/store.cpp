@@ -21,7 +21,6 @@ namespace zev {
 namespace {
 
 constexpr mode_t directoryMode = 0755;
-constexpr const char* recordName = "record";
 
 std::string failure(const std::string& what) { return what + ": " + std::strerror(errno); }
 
@@ -72,7 +71,13 @@ std::string Store::take(TrustedDirectory found) {
 
 std::string Store::open() { return take(openTrusted(path_, use_)); }
 
-std::string Store::create() { return take(makeTrusted(path_, use_)); }
+std::string Store::create() {
+    std::string problem = take(makeTrusted(path_, use_));
+    const bool isOthers = geteuid() != 0 && isOpen() && status_.st_uid != geteuid();
+    if (!isOthers || use_ == DirectoryUse::master) return problem;
+    return path_ + " belongs to user " + std::to_string(status_.st_uid) +
+           ", and records of yours would not count in it; name another directory with -s";
+}
 
 Owners Store::owners() const { return use_ == DirectoryUse::master ? Owners::anyOne() : Owners::ofState(status_); }
 
@@ -105,6 +110,18 @@ std::optional<Fields> Store::newestOther(const std::string& fingerprint) const {
     return newest;
 }
 
+/// As in the master directory, others of the group record in that of a product too. A run that was killed may have left
+/// one that is not yet shared: it is empty.
+bool Store::shareWithGroup(const Descriptor& product) const {
+    constexpr mode_t modeBits = 07777;
+    struct stat status {};
+    std::vector<std::string> names;
+    if (fstat(product.get(), &status) != 0) return false;
+    if (status.st_uid != geteuid() || !listAt(product.get(), names) || !names.empty()) return true;
+    return fchown(product.get(), static_cast<uid_t>(-1), status_.st_gid) == 0 &&
+           fchmod(product.get(), status_.st_mode & modeBits) == 0;
+}
+
 std::string Store::openProductDirectory(Descriptor& product) const {
     const bool isMissing = faccessat(descriptor(), product_.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0;
     if (isMissing && !makeForRun(descriptor(), product_, directoryMode)) return failure(joinPath(path_, product_));
@@ -112,15 +129,8 @@ std::string Store::openProductDirectory(Descriptor& product) const {
     Owners accepted = owners();
     product = openOwnedDirectory(descriptor(), product_, accepted, flaw);
     if (!product.isOpen()) return joinPath(path_, flaw);
-    if (isMissing && use_ == DirectoryUse::master) {
-        // As in the master directory, others of the group record there too.
-        constexpr mode_t modeBits = 07777;
-        if (fchown(product.get(), static_cast<uid_t>(-1), status_.st_gid) != 0 ||
-            fchmod(product.get(), status_.st_mode & modeBits) != 0) {
-            return failure(joinPath(path_, product_));
-        }
-    }
-    return "";
+    const bool isShared = use_ == DirectoryUse::state || shareWithGroup(product);
+    return isShared ? "" : failure(joinPath(path_, product_));
 }
 
 std::string Store::move(int scratch, const std::string& name, const std::string& fingerprint) {
@@ -155,10 +165,10 @@ std::string Store::publishCopy(const Store& other, const std::string& fingerprin
     std::string problem;
     Owners accepted = other.owners();
     const Descriptor record = openOwnedDirectory(other.productDirectory().get(), fingerprint, accepted, problem);
-    if (mkdirat(scratch.directory.get(), recordName, directoryMode) != 0) return failure(path_);
-    const Descriptor made = openDirectoryAt(scratch.directory.get(), recordName);
+    if (mkdirat(scratch.directory.get(), recordDirectory, directoryMode) != 0) return failure(path_);
+    const Descriptor made = openDirectoryAt(scratch.directory.get(), recordDirectory);
     if (!record.isOpen() || !copyRecord(record.get(), made.get(), accepted, problem)) return problem;
-    return publish(scratch.directory.get(), recordName, fingerprint);
+    return publish(scratch.directory.get(), recordDirectory, fingerprint);
 }
 
 std::string Store::logVersion(const std::string& fingerprint, const std::string& version,

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] std::string take(TrustedDirectory found);
     [[nodiscard]] Owners owners() const;
     [[nodiscard]] Descriptor productDirectory() const;
+    [[nodiscard]] bool shareWithGroup(const Descriptor& product) const;
     [[nodiscard]] std::string openProductDirectory(Descriptor& product) const;
     [[nodiscard]] std::string move(int scratch, const std::string& name, const std::string& fingerprint);
 

@@ -178,8 +178,8 @@ TrustedDirectory makeTrusted(const std::string& path, DirectoryUse use) {
     for (int attempt = 0; attempt < attempts; ++attempt) {
         directory = Walk(path, use, true).run();
         struct stat status {};
-        if (!directory.descriptor.isOpen()) break;
-        if (fstat(directory.descriptor.get(), &status) == 0 && status.st_nlink > 0) break;
+        if (directory.descriptor.isOpen() && fstat(directory.descriptor.get(), &status) == 0 && status.st_nlink > 0)
+            break;
     }
     return directory;
 }

@@ -50,7 +50,9 @@ bool make(Made& entry, int parent, const std::string& name, mode_t mode) {
     std::memcpy(entry.name.data(), name.c_str(), name.size() + 1);
     entry.parent = fcntl(parent, F_DUPFD_CLOEXEC, 0);
     entry.directory = openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (entry.parent != -1 && entry.directory != -1) return true;
+    struct stat status {};
+    const bool isOwn = fstat(entry.directory, &status) == 0 && status.st_uid == geteuid();
+    if (entry.parent != -1 && isOwn) return true;
     const int error = errno;
     unlinkat(parent, name.c_str(), AT_REMOVEDIR);
     errno = error;
@@ -66,8 +68,9 @@ void remove(const Made& entry) noexcept {
 void removeScratches() noexcept {
     while (scratchCount > 0) {
         const Made& scratch = scratches[--scratchCount];
-        emptyDirectory(scratch.directory);
-        remove(scratch);
+        removeScratch(scratch.parent, scratch.name.data(), scratch.directory);
+        close(scratch.directory);
+        close(scratch.parent);
     }
 }
 
@@ -177,18 +180,22 @@ bool makeForRun(int parent, const std::string& name, mode_t mode) {
     return true;
 }
 
-bool makeScratch(int parent, const std::string& name) {
+Descriptor makeScratch(int parent, const std::string& name) {
     constexpr mode_t mode = 0700;
     const SignalsHeld held;
-    if (scratchCount == scratches.size() || !make(scratches[scratchCount], parent, name, mode)) return false;
-    ++scratchCount;
-    return true;
+    if (scratchCount == scratches.size() || !make(scratches[scratchCount], parent, name, mode)) return Descriptor();
+    return Descriptor(fcntl(scratches[scratchCount++].directory, F_DUPFD_CLOEXEC, 0));
+}
+
+void removeScratch(int parent, const char* name, int scratch) noexcept {
+    for (const char* part : {termsDirectory, recordDirectory, lockName}) removeTreeAt(scratch, part);
+    removeDirectoryAt(parent, name, scratch);
 }
 
 bool takeTerminal(int descriptor) {
-    // In the background, this stops the run until the terminal is free; where nothing can be stopped, it never will be.
-    constexpr int attempts = 3;
-    for (int attempt = 0; attempt < attempts && !isInForeground(descriptor); ++attempt) raise(SIGTTOU);
+    // In the background this stops the whole job, as its shell expects; where nothing stops it, it stays there.
+    while (!isInForeground(descriptor) && tcdrain(descriptor) != 0 && errno == EINTR) {
+    }
     if (!isInForeground(descriptor)) return false;
 
     const SignalsHeld held;

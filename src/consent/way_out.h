@@ -6,6 +6,8 @@
 #include <csignal>
 #include <string>
 
+#include "files/descriptor.h"
+
 /// Whatever must be put right at the end of a run, however it ends: the modes of the terminal, the scratch directory,
 /// the directories that were made for it. A signal does it in its handler, with async-signal-safe calls only, and then
 /// ends the process as it would have done.
@@ -35,8 +37,18 @@ void catchSignals();
 /// not there either.
 [[nodiscard]] bool makeForRun(int parent, const std::string& name, mode_t mode);
 
-/// Creates a directory of mode 0700 that goes with the run, with all that is in it.
-[[nodiscard]] bool makeScratch(int parent, const std::string& name);
+/// The parts of a scratch directory.
+inline constexpr const char* termsDirectory = "terms";
+inline constexpr const char* recordDirectory = "record";
+inline constexpr const char* lockName = "lock";
+
+/// Creates a scratch directory, of mode 0700, that goes with the run. None, with the cause in errno, when it cannot be
+/// created.
+[[nodiscard]] Descriptor makeScratch(int parent, const std::string& name);
+/// Removes a scratch directory that is open: its parts, the lock last. Whatever else somebody has moved to its place
+/// or into it stays. Async-signal-safe.
+void removeScratch(int parent, const char* name, int scratch) noexcept;
+
 /// Takes a terminal: sets it so that every answer can be typed and read, whatever the caller left, with the end-of-file
 /// key off. A run in the background is stopped first until it comes to the foreground. Suspension gives the terminal
 /// back, and continuation takes it again. False when it cannot be set.

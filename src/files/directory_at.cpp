@@ -30,8 +30,6 @@ struct RawEntry {
     char name[1];
 };
 
-void removeTreeAt(int parent, const char* name) noexcept;
-
 /// Removes what it finds in one pass over a directory; whether that was anything.
 bool removeSomeIn(int directory) noexcept {
     alignas(RawEntry) char entries[4096];
@@ -49,15 +47,6 @@ bool removeSomeIn(int directory) noexcept {
         }
     }
     return hasRemoved;
-}
-
-void removeTreeAt(int parent, const char* name) noexcept {
-    if (unlinkat(parent, name, 0) == 0) return;
-    const int directory = openat(parent, name, openDirectory);
-    if (directory == -1) return;
-    emptyDirectory(directory);
-    removeDirectoryAt(parent, name, directory);
-    close(directory);
 }
 
 }  // namespace
@@ -100,9 +89,14 @@ bool syncAt(int parent, const std::string& name) {
     return fsync(file.get()) == 0 || errno == EINVAL;
 }
 
-void emptyDirectory(int directory) noexcept {
+void removeTreeAt(int parent, const char* name) noexcept {
+    if (unlinkat(parent, name, 0) == 0) return;
+    const int directory = openat(parent, name, openDirectory);
+    if (directory == -1) return;
     while (removeSomeIn(directory)) {
     }
+    removeDirectoryAt(parent, name, directory);
+    close(directory);
 }
 
 void removeDirectoryAt(int parent, const char* name, int directory) noexcept {

@@ -52,7 +52,7 @@ Arguments testedCommand() {
 int exitCodeOf(pid_t process) {
     int status = 0;
     waitpid(process, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 }  // namespace
@@ -153,7 +153,16 @@ void Terminal::waitFor(const std::string& text) {
     unread_.erase(0, found + text.size());
 }
 
+void Terminal::waitUntilItSleeps() const {
+    const std::string path = "/proc/" + std::to_string(process_) + "/stat";
+    for (int attempt = 0; attempt < 1000; ++attempt, usleep(1000)) {
+        std::string number, name, state;
+        if (!(std::ifstream(path) >> number >> name >> state) || (state != "R" && state != "D")) return;
+    }
+}
+
 void Terminal::type(const std::string& line) {
+    waitUntilItSleeps();
     const std::string bytes = line + "\n";
     EXPECT_EQ(write(terminal_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
@@ -171,7 +180,9 @@ termios Terminal::settings() const {
 Finished Terminal::finish() {
     while (terminal_ != -1 && readSome()) {
     }
-    return {exitCodeOf(std::exchange(process_, -1)), unread_, ""};
+    return {finishUnread(), unread_, ""};
 }
+
+int Terminal::finishUnread() { return exitCodeOf(std::exchange(process_, -1)); }
 
 }  // namespace zev::test

@@ -54,7 +54,7 @@ private:
 };
 
 struct Finished {
-    int exitCode;  ///< -1 when a signal ended the process
+    int exitCode;  ///< minus the signal, when one ended the process
     std::string out;
     std::string err;
 };
@@ -79,21 +79,27 @@ public:
 
     /// Reads on until `text` has appeared; fails the test when it does not come in time.
     void waitFor(const std::string& text);
+    /// Types a line when the process waits for something, as one does who has read what is shown.
     void type(const std::string& line);
     /// Types a line when `text` has appeared.
     void answer(const std::string& text, const std::string& line) {
         waitFor(text);
         type(line);
     }
+    /// What has appeared, and no one has waited for.
+    [[nodiscard]] const std::string& screen() const { return unread_; }
     void raise(int signal) const;
     void hangUp();
     /// How the terminal is set now.
     [[nodiscard]] termios settings() const;
     /// Waits for the end of the process; `out` is what no one waited for.
     Finished finish();
+    /// The same while no one reads what is shown.
+    int finishUnread();
 
 private:
     bool readSome();
+    void waitUntilItSleeps() const;
 
     pid_t process_ = -1;
     int terminal_ = -1;
