@@ -1,11 +1,17 @@
-# Fails where the code, the README, the manual and the completions of ROOT name different options, exit codes or
-# languages.
+# Fails where the code, the manuals and the completions of ROOT name different options, exit codes, fields or languages.
 
-# Sets `result` to what the group of `pattern` finds in those parts of `file` that match `part`, sorted.
+# Sets `result` to what the group of `pattern` finds in those parts of `file`, which can be a pattern too, that match
+# `part`, sorted.
 function(find_words result file part pattern)
-  file(READ ${ROOT}/${file} text)
-  string(REGEX MATCHALL "${part}" parts "${text}")
-  string(REGEX MATCHALL "${pattern}" words "${parts}")
+  file(GLOB files ${ROOT}/${file})
+  set(words "")
+  foreach(name IN LISTS files)
+    file(READ ${name} text)
+    string(REPLACE ";" " " text "${text}")
+    string(REGEX MATCHALL "${part}" parts "${text}")
+    string(REGEX MATCHALL "${pattern}" found "${parts}")
+    list(APPEND words ${found})
+  endforeach()
   list(TRANSFORM words REPLACE "${pattern}" "\\1")
   list(REMOVE_DUPLICATES words)
   list(SORT words)
@@ -24,7 +30,6 @@ endfunction()
 
 set(option "[A-Za-z_]+")
 find_words(options src/app/command_line.cpp ".+" "Option{\"-(${option})\"")
-expect_words("${options}" README.md "\n[|] `-[^|]*" "`-(${option})")
 expect_words("${options}" man/zev.1 "SYNOPSIS.*[.]Sh DESCRIPTION" "Fl (${option})")
 expect_words("${options}" man/zev.1 ".+" "[.]It Fl (${option})")
 expect_words("${options}" completions/bash/zev "answers='-[^']*" "-(${option})")
@@ -32,8 +37,38 @@ expect_words("${options}" completions/zsh/_zev "\n +'-${option}" "-(${option})")
 expect_words("${options}" completions/fish/zev.fish ".+" " -o (${option})")
 
 find_words(codes src/app/exit_code.h ".+" "int [A-Za-z]+ = ([0-9]+)")
-list(REMOVE_ITEM codes 5)  # never leaves the process
 expect_words("${codes}" man/zev.1 "EXIT STATUS.*[.]Sh EXAMPLES" "[.]It Sy ([0-9]+)")
+
+# The options that a command declares in `part` of `file`, and those that CLI11 or a function adds, named last.
+function(expect_declared_options manual file part)
+  set(option "-?[a-z][a-z-]*")
+  find_words(options ${file} "${part}" "\"-(${option})\"")
+  list(APPEND options ${ARGN})
+  list(SORT options)
+  expect_words("${options}" ${manual} "SYNOPSIS.*[.]Sh DESCRIPTION" "Fl (${option})")
+  find_words(explained ${manual} "[.]It Fl [^\n]*" "Fl (${option})")
+  list(REMOVE_ITEM explained h -help -version)  # these the synopsis may explain
+  list(REMOVE_ITEM options h -help -version)
+  if(NOT explained STREQUAL options)
+    message(SEND_ERROR "${manual} explains\n  ${explained}\nand should explain\n  ${options}")
+  endif()
+endfunction()
+
+set(consent src/consent/command_lines.cpp)
+expect_declared_options(man/zev-ask.1 ${consent} "declare[^\n]*AskCall.*declare[^\n]*AuditCall" -langset -help h)
+expect_declared_options(man/zev-audit.1 ${consent} "declare[^\n]*AuditCall.*void refuseEmptyValues" -langset -help h)
+expect_declared_options(man/zev-licenses.1 src/authoring/authoring_command_line.cpp ".+" -help)
+
+find_words(fields src/consent/record.h "acceptanceFields{[^}]*" "\"([a-z]+)\"")
+expect_words("${fields}" man/zev-ask.1 "[.]It Cm [^\n]*" "Cm ([a-z]+)")
+list(APPEND fields state path)
+list(SORT fields)
+expect_words("${fields}" man/zev-audit.1 "\nproduct version [^.]*" "([a-z]+)")
+
+set(severity "(error|warning)")
+find_words(kinds src/authoring/*.cpp
+  "${severity},[ \n]*([A-Za-z]+ [?] )?\"[a-z-]+\"( : \"[a-z-]+\")?|\"[a-z-]+\",[ \n]*${severity}" "\"([a-z-]+)\"")
+expect_words("${kinds}" man/zev-licenses.1 "[.]It Li [^\n]*" " ([a-z][a-z-]*)")
 
 set(language "[a-z][a-z](_[A-Z]+)?")
 file(GLOB languages RELATIVE ${ROOT} ${ROOT}/samples/licenses/LA_*.txt)
