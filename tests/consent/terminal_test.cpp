@@ -121,7 +121,7 @@ TEST_F(AskOnTerminal, stopsItsWholeJobInTheBackgroundUntilItIsCalled) {
     Terminal terminal = inShell(R"sh(
         set -m
         sh -c '"$@"; echo "ended $?"' job "$@" &
-        until jobs | grep -q Stopped; do sleep .02; done
+        until grep -q ' T ' /proc/$!/stat; do sleep .02; done
         echo in the background; fg)sh");
     terminal.waitFor("in the background");
     terminal.answer("completed viewing", "1");
