@@ -125,6 +125,9 @@ TEST_F(AskOnTerminal, stopsItsWholeJobInTheBackgroundUntilItIsCalled) {
         echo in the background; fg)sh");
     terminal.waitFor("in the background");
     terminal.answer("completed viewing", "1");
+    usleep(
+        300'000);  // where the job was not yet listening, the answer was dropped, and the shell has no use for this one
+    terminal.type("1");
     terminal.waitFor("ended 0");
 }
 
