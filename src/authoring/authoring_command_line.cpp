@@ -39,12 +39,31 @@ void declareBuild(CLI::App& command, BuildCommand& build) {
     addLanguageSet(command, build.languageSet);
 }
 
+void addAcceptances(CLI::App& command, std::vector<Acceptance>& accepted) {
+    const auto accept = [&accepted](const std::string& value) {
+        const auto acceptance = parseAcceptance(value);
+        if (acceptance) accepted.push_back(*acceptance);
+        return acceptance.has_value();
+    };
+    command
+        .add_option_function<std::vector<std::string>>(
+            "--accept",
+            [accept](const std::vector<std::string>& values) {
+                if (!std::ranges::all_of(values, accept))
+                    throw CLI::ValidationError("--accept", "not KIND or KIND:FILE");
+            },
+            "Let the warnings of this kind pass, of this file or of all; repeated for more")
+        ->type_name("KIND[:FILE]")
+        ->allow_extra_args(false);
+}
+
 void declareCheck(CLI::App& command, CheckCommand& check) {
     command.add_option("DIR", check.directory, "Licence directory")->required();
     command.add_option("--stand-in", check.standIn, "Language whose text may stand in the place of others");
     command.add_flag("--pages", check.pages, "Add what the code pages of each language lose");
     command.add_flag("--json", check.json, "Write JSON");
-    command.add_flag("--strict", check.strict, "Count warnings as findings");
+    command.add_flag("--strict", check.strict, "Let warnings fail");
+    addAcceptances(command, check.accepted);
     addLanguageSet(command, check.languageSet);
 }
 

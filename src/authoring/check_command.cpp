@@ -56,25 +56,14 @@ void writeText(const CheckCommand& command, const Findings& findings, const std:
 }
 
 void writeJson(const CheckCommand& command, const Findings& findings, const std::vector<LanguageLosses>& losses) {
-    nlohmann::ordered_json report{{"directory", command.directory},
-                                  {"errors", countOf(findings, Severity::error)},
-                                  {"warnings", countOf(findings, Severity::warning)},
-                                  {"findings", nlohmann::ordered_json::array()}};
-    for (const Finding& finding : findings) {
-        nlohmann::ordered_json row{{"file", finding.file}};
-        if (finding.line > 0) row["line"] = finding.line;
-        row["severity"] = finding.severity == Severity::error ? "error" : "warning";
-        row["kind"] = finding.kind;
-        row["message"] = finding.message;
-        report["findings"].push_back(std::move(row));
-    }
+    nlohmann::ordered_json report{{"directory", command.directory}};
+    report.update(jsonOf(findings));
     for (const auto& [code, pages] : losses) {
         for (const auto& [page, loss] : pages) {
             report["codePages"][code][page] = {{"lost", loss.count()}, {"characters", loss.list()}};
         }
     }
-    constexpr int indent = 2;
-    std::cout << report.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << "\n";
+    std::cout << textOf(report);
 }
 
 }  // namespace
@@ -85,10 +74,10 @@ int runCheck(const CheckCommand& command) {
     if (!checkSet(command.directory, {command.languageSet, command.standIn}, findings, problem)) {
         return cannotWork(problem);
     }
+    acceptFindings(findings, command.accepted);
     const auto losses = command.pages ? measureLosses(command) : std::vector<LanguageLosses>{};
     (command.json ? writeJson : writeText)(command, findings, losses);
-    const std::size_t counted = command.strict ? findings.size() : countOf(findings, Severity::error);
-    return counted > 0 ? authoring_status::findings : authoring_status::clean;
+    return areFatal(findings, command.strict) ? authoring_status::findings : authoring_status::clean;
 }
 
 }  // namespace zev

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/run_options.h"
+#include "authoring/finding.h"
 
 namespace zev {
 
@@ -23,6 +24,7 @@ struct BuildCommand {
 struct CheckCommand {
     std::string directory, standIn;
     int languageSet = defaultLanguageSet;
+    std::vector<Acceptance> accepted;
     bool pages = false, json = false, strict = false;
 };
 

@@ -2,9 +2,7 @@
 
 #include <unicode/uchar.h>
 
-#include <array>
-#include <cstdio>
-
+#include "authoring/code_page_loss.h"
 #include "authoring/terminal_columns.h"
 
 namespace zev {
@@ -41,18 +39,12 @@ std::string namesOf(LossMask mask, const LostCharacters& lost) {
     return names;
 }
 
-std::string codePoint(UChar32 character) {
-    std::array<char, 16> name;
-    std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(character));
-    return name.data();
-}
-
 /// A run of characters of one style.
 std::string element(const Style& style, const icu::UnicodeString& run, const LostCharacters& lost) {
     std::string bytes;
     std::string html = escapeHtml(run.toUTF8String(bytes));
     if (style.isWide) html = "<b style=\"--n:" + std::to_string(run.countChar32()) + "\">" + html + "</b>";
-    if (style.isSymbol) html = "<i title=\"" + codePoint(style.symbolOf) + "\">" + html + "</i>";
+    if (style.isSymbol) html = "<i title=\"" + codePointName(style.symbolOf) + "\">" + html + "</i>";
     if (style.lost != 0) html = "<mark title=\"not in " + namesOf(style.lost, lost) + "\">" + html + "</mark>";
     return style.isBeyondEdge ? "<u>" + html + "</u>" : html;
 }

@@ -44,7 +44,7 @@ std::string listOf(const Findings& findings) {
 Findings findingsOf(const Findings& findings, const std::string& code) {
     Findings own;
     std::ranges::copy_if(findings, std::back_inserter(own), [&](const Finding& finding) {
-        return finding.file == agreementName(code) || finding.file == informationName(code);
+        return finding.file.name == agreementName(code) || finding.file.name == informationName(code);
     });
     return own;
 }

@@ -37,7 +37,7 @@ public:
         Findings errors = errors_;
         for (const SetFile& file : missing_) {
             if (options_.standIn.empty() || isMissing(nameOf(file.kind, options_.standIn))) {
-                errors.push_back({labelOf(file.name), 0, Severity::error, "missing", missingFile});
+                errors.push_back({{labelOf(file.name), file.name}, {}, Severity::error, "missing", missingFile});
             }
         }
         for (const Finding& finding : checkTexts(texts_, options_.standIn)) {
@@ -89,15 +89,18 @@ private:
             return;
         }
         if (!content.good()) {
-            errors_.push_back({label, 0, Severity::error, "unreadable", content.problem});
+            errors_.push_back({{label, file.name}, {}, Severity::error, "unreadable", content.problem});
             return;
         }
         SetText text{file, label, {}};
         const auto wellFormed = static_cast<std::ptrdiff_t>(decodeUtf8(content.bytes, text.text));
         if (content.bytes.begin() + wellFormed != content.bytes.end()) {
             const auto lineFeeds = std::count(content.bytes.begin(), content.bytes.begin() + wellFormed, '\n');
-            errors_.push_back(
-                {label, 1 + static_cast<std::size_t>(lineFeeds), Severity::error, "encoding", "not UTF-8"});
+            errors_.push_back({{label, file.name},
+                               {1 + static_cast<std::size_t>(lineFeeds), 0},
+                               Severity::error,
+                               "encoding",
+                               "not UTF-8"});
             return;
         }
         texts_.push_back(std::move(text));
@@ -125,8 +128,11 @@ Findings misnamedSources(const std::string& directory, std::string& problem) {
         const bool looksLikeText = std::ranges::any_of(stems, beginsLike);
         const auto isItsName = [&](const SetFile& file) { return file.name + sourceSuffix == name; };
         if (looksLikeText && std::ranges::none_of(files, isItsName)) {
-            findings.push_back(
-                {joinPath(directory, name), 0, Severity::warning, "name", "not the name of a text of any set"});
+            findings.push_back({{joinPath(directory, name), name},
+                                {},
+                                Severity::warning,
+                                "name",
+                                "not the name of a text of any set"});
         }
     }
     return findings;

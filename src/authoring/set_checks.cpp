@@ -37,11 +37,6 @@ const char* encodingError(Encoding encoding) {
     return nullptr;
 }
 
-std::size_t lineAt(const icu::UnicodeString& text, int32_t position) {
-    const char16_t* units = text.getBuffer();
-    return 1 + static_cast<std::size_t>(std::count(units, units + position, u'\n'));
-}
-
 class SetCheck {
 public:
     SetCheck(const std::string& directory, const CheckOptions& options) : directory_(directory), options_(options) {}
@@ -50,7 +45,8 @@ public:
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
         std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
         for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
-        std::ranges::stable_sort(findings_, {}, [this](const Finding& finding) { return order_.at(finding.file); });
+        std::ranges::stable_sort(findings_, {},
+                                 [this](const Finding& finding) { return order_.at(finding.file.name); });
         for (const std::string& name : names) {
             if (!order_.contains(name))
                 addFinding(name, Severity::warning, "name", "zev never reads a file of this name");
@@ -59,14 +55,16 @@ public:
     }
 
 private:
+    [[nodiscard]] std::string pathOf(const std::string& name) const { return joinPath(directory_, name); }
+
     void addFinding(const std::string& name, Severity severity, const char* kind, const std::string& message,
-                    std::size_t line = 0) {
-        findings_.push_back({name, line, severity, kind, message});
+                    Position position = {}) {
+        findings_.push_back({{pathOf(name), name}, position, severity, kind, message});
     }
 
     void readFile(const SetFile& file) {
         order_.emplace(file.name, order_.size());
-        const FileContent content = readRegularFile(joinPath(directory_, file.name));
+        const FileContent content = readRegularFile(pathOf(file.name));
         if (!content.good()) {
             const bool isMissing = content.problem == missingFile;
             if (isMissing && file.language == nullptr) return;
@@ -81,7 +79,7 @@ private:
             addFinding(file.name, Severity::error, "odd-byte", "odd number of bytes; the last one is half a character");
         }
         const bool isDecoded = decoded.encoding != Encoding::codePage && decoded.encoding != Encoding::utf32;
-        if (isDecoded) texts_.push_back({file, file.name, decoded.text});
+        if (isDecoded) texts_.push_back({file, pathOf(file.name), decoded.text});
     }
 
     void checkLayout(const std::string& code) {
@@ -98,9 +96,9 @@ private:
                                        : text.file.kind == TextKind::otherPartiesTerms && code == "en";
             int32_t position = 0;
             if (!isShownIn || !language.hasTooWideWord(text.text, usualWidth, position)) continue;
-            addFinding(text.label, Severity::warning, "wide-word",
+            addFinding(text.file.name, Severity::warning, "wide-word",
                        "a word that a line of 80 columns cannot hold is cut, or its line overflows",
-                       lineAt(text.text, position));
+                       positionAt(text.text, position));
         }
     }
 

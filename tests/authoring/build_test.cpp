@@ -50,7 +50,8 @@ TEST(Build, letsOneLanguageStandInForThoseThatAreMissing) {
     const std::string at = texts.path("eula/");
     const Finished without = texts.build(), with = texts.build({"--stand-in", "en"});
     EXPECT_EQ(without.exitCode, 1);
-    EXPECT_EQ(without.out + without.err, at + "LA_cs.txt " + at + "LA_el.txt " + at + "LI_el.txt: error: missing\n");
+    EXPECT_EQ(without.out + without.err,
+              at + "LA_cs.txt " + at + "LA_el.txt " + at + "LI_el.txt: error: missing [missing]\n");
     EXPECT_EQ(with.exitCode, 0);
     EXPECT_EQ(with.out, "LA: en stands in for cs el\nLI: en stands in for el\n" + texts.path("set") + ": 34 files\n");
     EXPECT_EQ(texts.read("set/LA_el"), texts.read("set/LA_en"));
@@ -58,18 +59,18 @@ TEST(Build, letsOneLanguageStandInForThoseThatAreMissing) {
               "LA: de stands in for cs\n" + texts.path("set") + ": 26 files\n");
     texts.remove("eula/LA_en.txt");
     EXPECT_EQ(texts.build({"--stand-in", "en"}).err,
-              at + "LA_cs.txt " + at + "LA_el.txt " + at + "LA_en.txt: error: missing\n");
+              at + "LA_cs.txt " + at + "LA_el.txt " + at + "LA_en.txt: error: missing [missing]\n");
 }
 
 TEST(Build, refusesSourcesWithErrorsAndNamesFileAndLine) {
     const std::tuple<const char*, std::string, std::string> rows[]{
-        {"LA_en.txt", "a\nb\n\xE9t\xE9\n", ":3: error: not UTF-8\n"},
-        {"LA_en.txt", {'a', '\n', '\0'}, ":2: error: U+0000: the screen ends here, the copy does not\n"},
-        {"notices.txt", "", ": error: empty\n"},
-        {"LA_xx.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"la_fr.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"Notices.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"non_vur_license", "terms", ": warning: not the name of a text of any set\n"},
+        {"LA_en.txt", "a\nb\n\xE9t\xE9\n", ":3: error: not UTF-8 [encoding]\n"},
+        {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: the screen ends here, the copy does not [nul]\n"},
+        {"notices.txt", "", ": error: empty [empty]\n"},
+        {"LA_xx.txt", "terms", ": warning: not the name of a text of any set [name]\n"},
+        {"la_fr.txt", "terms", ": warning: not the name of a text of any set [name]\n"},
+        {"Notices.txt", "terms", ": warning: not the name of a text of any set [name]\n"},
+        {"non_vur_license", "terms", ": warning: not the name of a text of any set [name]\n"},
     };
     for (const auto& [file, bytes, error] : rows) {
         const SampleTexts texts;

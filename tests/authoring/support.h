@@ -24,10 +24,13 @@ inline void fillDisk() {
 struct SampleSet : Sandbox {
     SampleSet() { EXPECT_EQ(runLicenses({"build", ZEV_SAMPLE_TEXTS, path("set")}).err, ""); }
 
-    /// The findings of `check` and its options, without the summary.
+    /// The findings of `check` and its options by the names of the files, without the summary.
     [[nodiscard]] std::string check(const Arguments& options = {}) const {
-        const std::string out = runLicenses(joined({"check", path("set")}, options)).out;
-        return out.substr(0, out.find(path("set")));
+        std::string out = runLicenses(joined({"check", path("set")}, options)).out;
+        out.erase(out.find(path("set") + ": "));
+        const std::string directory = path("set/");
+        for (std::size_t at; (at = out.find(directory)) != out.npos;) out.erase(at, directory.size());
+        return out;
     }
 };
 
