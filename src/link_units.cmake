@@ -26,7 +26,7 @@ link_unit(authoring console
   authoring/atomic_directory authoring/authoring_command_line authoring/build_command authoring/character_checks
   authoring/check_command authoring/code_page_loss authoring/commands authoring/descriptor authoring/directory_listing
   authoring/double_encoding
-  authoring/finding authoring/finished_text authoring/html_cells authoring/html_style authoring/language_guess
+  authoring/finding authoring/html_cells authoring/html_style authoring/language_guess
   authoring/language_models authoring/language_profile authoring/messages authoring/preview_command
   authoring/preview_html authoring/preview_text authoring/set_builder authoring/set_checks authoring/set_files
   authoring/shown_language authoring/terminal_columns authoring/text_checks authoring/text_encoding

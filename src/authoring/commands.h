@@ -18,7 +18,10 @@ inline constexpr int cannotWork = 2;
 
 struct BuildCommand {
     std::string sources, output, standIn;
+    std::string language;  ///< that of `sources`, if they are one text
     int languageSet = defaultLanguageSet;
+    std::vector<Acceptance> accepted;
+    bool json = false, strict = false;
 };
 
 struct CheckCommand {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unicode/unistr.h>
+
 #include <string>
 #include <vector>
 
@@ -23,5 +25,20 @@ struct SetFile {
 
 /// The languages of a set, in its order.
 [[nodiscard]] std::vector<LanguageEntry> languagesOfSet(int languageSet);
+
+/// The name of the agreement or of the information in a language.
+[[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);
+
+/// A text without what zev would take for characters like any other: byte order marks at the start, and carriage
+/// returns (one that is not part of a line end becomes a line feed). An agreement ends with a line feed.
+[[nodiscard]] icu::UnicodeString repairedText(icu::UnicodeString text, TextKind kind);
+
+/// The bytes of a text as it stands in a set: repaired, in UTF-16, big-endian with a mark; the information begins with
+/// a line feed. Nothing else changes.
+[[nodiscard]] std::string finishedText(const icu::UnicodeString& text, TextKind kind);
+
+/// Why a directory may not be replaced by a set: it holds something that `finishedText` would not have written. Empty
+/// if it may, or is not there.
+[[nodiscard]] std::string whyNotReplaceable(const std::string& directory);
 
 }  // namespace zev

@@ -61,7 +61,9 @@ Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) 
         const SetText& text = texts[i];
         const SetText& original = texts[repeated[i]];
         if (!hasVisibleText(text.text)) {
-            add({{text.namedFile(), {}, Severity::error, "empty", "empty"}});
+            // A product may have nothing to say there, but the file must be there.
+            const bool mayBeEmpty = text.file.kind == TextKind::information;
+            if (!mayBeEmpty) add({{text.namedFile(), {}, Severity::error, "empty", "empty"}});
             continue;
         }
         const bool standsIn = original.file.kind == text.file.kind && original.file.language != nullptr &&
