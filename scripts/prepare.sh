@@ -49,6 +49,7 @@ command -v c++ | g++ | a C++20 compiler (g++ 12 or clang 14, or newer)
 has_cmake | cmake | CMake 3.25 or newer
 command -v ninja | ninja-build | Ninja
 has_header CLI/CLI.hpp | libcli11-dev | CLI11
+has_header sha2.h | libmd-dev | libmd with its static library
 has_header nlohmann/json.hpp | nlohmann-json3-dev | JSON for Modern C++
 has_header libexttextcat/fingerprint.h | libexttextcat-dev | libexttextcat with its static library
 [ -f /usr/share/libexttextcat/en.lm ] | libexttextcat-data | the language models of libexttextcat

@@ -2,10 +2,10 @@
 # together; every catalogue is one). It links, and its files include, nothing but itself and what lies below.
 # Read twice: src/CMakeLists.txt makes the libraries of it, and cmake/check_includes.cmake holds every include against it.
 
-link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options app/standard_descriptors)
+link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options)
 
 link_unit(languages base
-  lang/catalogue lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource
+  app/start_process lang/catalogue lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource
   lang/resource_factory lang/catalogues/*)
 
 link_unit(files languages
@@ -16,21 +16,23 @@ link_unit(locale_choice files lang/locale_choice)
 
 link_unit(console locale_choice
   console/console_input console/dialog_run console/license_dialog console/line_breaking console/non_vur_pager
-  console/printing console/settled_breaks console/terminal_geometry console/text_lines console/text_output)
+  console/printing console/screens console/settled_breaks console/terminal_geometry console/text_lines console/text_output)
 
 link_unit(driver console app/command_line app/run_driver)
 
 executable(zev driver app/legal_notice app/main)
 
-link_unit(authoring console
-  authoring/atomic_directory authoring/authoring_command_line authoring/build_command authoring/character_checks
-  authoring/check_command authoring/code_page_loss authoring/commands authoring/descriptor authoring/directory_listing
-  authoring/double_encoding
+link_unit(tools console
+  console/code_page_loss console/terminal_columns files/atomic_directory files/descriptor files/directory_listing
+  files/license_fingerprint files/regular_file files/sha256)
+
+link_unit(authoring tools
+  authoring/authoring_command_line authoring/build_command authoring/character_checks authoring/check_command
+  authoring/commands authoring/double_encoding
   authoring/finding authoring/html_cells authoring/html_style authoring/language_guess
   authoring/language_models authoring/language_profile authoring/messages authoring/preview_command
   authoring/preview_html authoring/preview_text authoring/set_builder authoring/set_checks authoring/set_files
-  authoring/shown_language authoring/terminal_columns authoring/text_checks authoring/text_encoding
-  authoring/text_source)
+  authoring/shown_language authoring/text_checks authoring/text_encoding)
 
 executable(zev-licenses authoring authoring/main)
 

@@ -3,18 +3,20 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <span>
+#include <utility>
 
 #include "app/command_line.h"
 #include "app/debug_trace.h"
 #include "app/exit_code.h"
 #include "app/run_context.h"
 #include "app/run_options.h"
-#include "app/standard_descriptors.h"
+#include "app/start_process.h"
 #include "console/dialog_run.h"
+#include "console/terminal_geometry.h"
 #include "files/license_copies.h"
 #include "files/license_text_set.h"
 #include "files/status_file.h"
@@ -24,9 +26,6 @@
 namespace zev {
 
 namespace {
-
-/// A caller that ignores the end of its children hands that on; the answer of a print command would be lost.
-void heedChildren() { std::signal(SIGCHLD, SIG_DFL); }
 
 /// A page reaches the terminal in one piece; whoever reads or traces flushes first.
 void bufferOutput() {
@@ -60,11 +59,18 @@ std::ostream& operator<<(std::ostream& out, const Invocation& invocation) {
 
 void adoptPreferredLanguage(RunContext& context) {
     if (runOptions.preferredLanguage.empty()) return;
-    static_cast<void>(setLocale(context, icu::Locale(runOptions.preferredLanguage.c_str())));
+    static_cast<void>(setLocale(context, localeNamed(runOptions.preferredLanguage)));
 }
 
 int recordAcceptance(const RunContext& context) {
     return writeStatusFiles(context) ? exit_code::accepted : exit_code::notRecorded;
+}
+
+int askUser(RunContext& context) {
+    std::ofstream commandLog;
+    if (!runOptions.commandLogPath.empty()) commandLog.open(runOptions.commandLogPath);
+    const ScreenSize size = measureTerminal();
+    return runLicenseDialog(context, size, std::move(commandLog));
 }
 
 /// The run of a valid command line.
@@ -79,7 +85,7 @@ int runWithOptions() {
 
     if (runOptions.acceptWithoutDialog || checkAccepted(context)) return recordAcceptance(context);
     if (!checkAllLicenseFiles(context)) return exit_code::noLicense;
-    const int answer = runLicenseDialog(context);
+    const int answer = askUser(context);
     return answer == exit_code::accepted ? recordAcceptance(context) : answer;
 }
 
@@ -92,10 +98,8 @@ void reportExit(int exitCode) {
 }  // namespace
 
 int runDriver(int argc, char** argv) {
-    holdStandardDescriptors();
-    heedChildren();
+    startProcess();
     bufferOutput();
-    adoptEnvironmentLocale();
     traceFromEnvironment();
     runOptions.echoInput = echoesInput();
 

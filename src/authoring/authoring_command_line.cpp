@@ -6,11 +6,11 @@
 #include <exception>
 #include <iostream>
 
-#include "app/standard_descriptors.h"
-#include "authoring/code_page_loss.h"
+#include "app/start_process.h"
 #include "authoring/commands.h"
 #include "authoring/messages.h"
 #include "authoring/set_files.h"
+#include "console/code_page_loss.h"
 #include "lang/environment_locale.h"
 
 namespace zev {
@@ -119,16 +119,10 @@ void checkLanguages(const Calls& calls) {
     }
 }
 
-/// Everything shown is UTF-8, and zev's texts are taken as it shows them on a terminal of that.
-void settleCodePage() {
-    setenv("LC_ALL", "C.UTF-8", 1);
-    adoptEnvironmentLocale();
-}
-
 }  // namespace
 
 int runAuthoring(int argc, char** argv) {
-    holdStandardDescriptors();
+    startProcess();
     Calls calls;
     CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
     app.set_version_flag("--version", runOptions.version, "Print the version and end");
@@ -142,7 +136,7 @@ int runAuthoring(int argc, char** argv) {
     declarePreview(preview, calls.preview);
     for (CLI::App* command : {&build, &check, &preview}) refuseEmptyValues(*command);
 
-    settleCodePage();
+    adoptLocale("C.UTF-8");  // everything shown is UTF-8, and zev's texts are taken as it shows them on such a terminal
     int status = authoring_status::clean;
     try {
         app.parse(argc, argv);

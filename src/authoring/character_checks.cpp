@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "authoring/double_encoding.h"
-#include "authoring/terminal_columns.h"
+#include "console/terminal_columns.h"
 
 namespace zev {
 

@@ -1,13 +1,13 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "authoring/code_page_loss.h"
 #include "authoring/commands.h"
 #include "authoring/finding.h"
 #include "authoring/messages.h"
 #include "authoring/set_checks.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
+#include "console/code_page_loss.h"
 
 namespace zev {
 

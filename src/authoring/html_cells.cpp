@@ -2,8 +2,8 @@
 
 #include <unicode/uchar.h>
 
-#include "authoring/code_page_loss.h"
-#include "authoring/terminal_columns.h"
+#include "console/code_page_loss.h"
+#include "console/terminal_columns.h"
 
 namespace zev {
 

@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "authoring/code_page_loss.h"
 #include "authoring/language_models.h"
+#include "console/code_page_loss.h"
 
 extern "C" {
 #include <libexttextcat/common.h>

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <map>
 
-#include "authoring/terminal_columns.h"
+#include "console/terminal_columns.h"
 #include "lang/languages.h"
 
 namespace zev {

@@ -7,12 +7,12 @@
 #include <iostream>
 
 #include "authoring/commands.h"
-#include "authoring/directory_listing.h"
 #include "authoring/messages.h"
 #include "authoring/preview_html.h"
 #include "authoring/preview_text.h"
 #include "authoring/set_checks.h"
 #include "authoring/set_files.h"
+#include "files/directory_listing.h"
 
 namespace zev {
 
@@ -21,7 +21,8 @@ namespace fs = std::filesystem;
 namespace {
 
 std::vector<LanguageEntry> languagesOf(const PreviewCommand& preview) {
-    auto languages = languagesOfSet(preview.languageSet);
+    const auto all = languagesOfSet(preview.languageSet);
+    std::vector<LanguageEntry> languages(all.begin(), all.end());
     std::erase_if(languages, [&](const LanguageEntry& language) {
         return !preview.languages.empty() && std::ranges::count(preview.languages, language.code) == 0;
     });
@@ -58,9 +59,9 @@ int previewText(const PreviewCommand& preview) {
     int status = authoring_status::clean;
     for (const auto& [code, englishName] : languagesOf(preview)) {
         ShownLanguage language(preview.directory, preview.languageSet, code);
-        ShownLines lines;
-        if (language.load() && language.layOut(preview.width, lines)) {
-            writePreview(std::cout, code, language, lines, preview);
+        const auto screens = language.load() ? language.layOut({preview.width, preview.pageHeight}) : nullptr;
+        if (screens) {
+            writePreview(std::cout, code, language, *screens, preview);
         } else {
             std::cout << "== " << code << ": zev cannot show it; zev-licenses check says why\n";
             status = authoring_status::findings;

@@ -3,12 +3,12 @@
 #include <algorithm>
 
 #include "app/run_options.h"
-#include "authoring/code_page_loss.h"
 #include "authoring/html_cells.h"
 #include "authoring/html_style.h"
 #include "authoring/language_profile.h"
 #include "authoring/messages.h"
 #include "authoring/shown_language.h"
+#include "console/code_page_loss.h"
 #include "files/license_text_set.h"
 
 namespace zev {
@@ -67,18 +67,18 @@ public:
 
     [[nodiscard]] const std::string& losses() const { return losses_; }
 
-    [[nodiscard]] std::string screens(int32_t width, const ShownLines& lines) const {
+    [[nodiscard]] std::string screens(int32_t width, const Screens& shown) const {
         const std::string columns = std::to_string(width);
         return "<div class=\"at" + columns + "\">\n" +
                heading(3,
-                       columns + " columns: " + zev::counted(lines.license->size(), "line") + ", " +
-                           zev::counted(lines.pages(usualHeight), "page") + " of 24 lines, " +
-                           zev::counted(lines.tooWide(width), "line") + " too wide",
+                       columns + " columns: " + zev::counted(shown.license().size(), "line") + ", " +
+                           zev::counted(shown.pageCount(), "page") + " of 24 lines, " +
+                           zev::counted(tooWideLines(shown.license(), width), "line") + " too wide",
                        idOf(width)) +
-               screen(*lines.license, width, "The text") + heading(4, "Asked under every page but the last") +
-               screen(*lines.continuePrompt, width, "The prompt under a page") + heading(4, "Asked at the end") +
-               screen(*lines.endPrompt, width, "The prompt at the end") + heading(4, "Asked after the answer \"2\"") +
-               screen(*lines.confirmation, width, "The question whether to decline") + "</div>\n";
+               screen(shown.license(), width, "The text") + heading(4, "Asked under every page but the last") +
+               screen(shown.continuePrompt(), width, "The prompt under a page") + heading(4, "Asked at the end") +
+               screen(shown.endPrompt(), width, "The prompt at the end") + heading(4, "Asked after the answer \"2\"") +
+               screen(shown.confirmation(), width, "The question whether to decline") + "</div>\n";
     }
 
     [[nodiscard]] std::string links() const {
@@ -131,12 +131,12 @@ bool PreviewPage::add(const LanguageEntry& entry) {
     const LanguagePart part(entry, language, preview_.codePage);
     std::string screens;
     for (const int32_t width : widths) {
-        ShownLines lines;
-        if (!isLoaded || !language.layOut(width, lines)) break;
-        screens += part.screens(width, lines);
+        const auto shown = isLoaded ? language.layOut({width, usualHeight}) : nullptr;
+        if (!shown) break;
+        screens += part.screens(width, *shown);
         if (width == usualWidth) {
-            rows_ += number(lines.license->size()) + number(lines.pages(usualHeight)) + number(lines.tooWide(width)) +
-                     "<td class=\"losses\">" + part.losses() + "</td>";
+            rows_ += number(shown->license().size()) + number(shown->pageCount()) +
+                     number(tooWideLines(shown->license(), width)) + "<td class=\"losses\">" + part.losses() + "</td>";
         }
     }
     if (screens.empty()) rows_ += "<td colspan=\"4\">zev cannot show it</td>";

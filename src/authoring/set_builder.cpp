@@ -7,13 +7,13 @@
 #include <iterator>
 
 #include "app/run_options.h"
-#include "authoring/atomic_directory.h"
-#include "authoring/directory_listing.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
-#include "authoring/text_source.h"
+#include "files/atomic_directory.h"
+#include "files/directory_listing.h"
 #include "files/paths.h"
+#include "files/regular_file.h"
 
 namespace zev {
 

@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "app/exit_code.h"
-#include "authoring/directory_listing.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
-#include "authoring/text_source.h"
+#include "files/directory_listing.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
+#include "files/regular_file.h"
 
 namespace zev {
 
@@ -85,8 +85,7 @@ private:
     void checkLayout(const std::string& code) {
         ShownLanguage language(directory_, options_.languageSet, code);
         if (!language.load()) return;  // the files have findings that say why
-        ShownLines lines;
-        if (!language.layOut(usualWidth, lines)) {
+        if (!language.layOut({})) {
             addFinding(agreementName(code), Severity::error, "layout",
                        "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
         }

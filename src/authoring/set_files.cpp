@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "app/run_context.h"
 #include "app/run_options.h"
-#include "authoring/directory_listing.h"
 #include "authoring/text_encoding.h"
-#include "authoring/text_source.h"
+#include "files/directory_listing.h"
 #include "files/license_text_set.h"
-#include "lang/resource.h"
+#include "files/regular_file.h"
 
 namespace zev {
 
@@ -35,16 +33,6 @@ bool isFinished(const std::filesystem::path& path, const SetFile& file) {
 }
 
 }  // namespace
-
-std::vector<LanguageEntry> languagesOfSet(int languageSet) {
-    RunContext context;
-    context.languageSet = languageSet;
-    std::vector<LanguageEntry> languages;
-    for (unsigned index = 0; const LanguageEntry* language = languageEntry(context, index); ++index) {
-        languages.push_back(*language);
-    }
-    return languages;
-}
 
 std::vector<SetFile> filesOfSet(int languageSet) {
     std::vector<SetFile> files;

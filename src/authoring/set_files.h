@@ -23,9 +23,6 @@ struct SetFile {
 /// languages last.
 [[nodiscard]] std::vector<SetFile> filesOfSet(int languageSet);
 
-/// The languages of a set, in its order.
-[[nodiscard]] std::vector<LanguageEntry> languagesOfSet(int languageSet);
-
 /// The name of the agreement or of the information in a language.
 [[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);
 

@@ -3,13 +3,11 @@
 #include <sys/stat.h>
 #include <unicode/brkiter.h>
 
-#include <algorithm>
-#include <string_view>
+#include <utility>
 
-#include "authoring/terminal_columns.h"
-#include "console/dialog_run.h"
 #include "console/license_dialog.h"
-#include "console/terminal_geometry.h"
+#include "console/line_breaking.h"
+#include "console/terminal_columns.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
 #include "lang/resource_factory.h"
@@ -24,15 +22,6 @@ bool isSpecial(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
 }
 
-RunContext contextFor(const std::string& directory, int languageSet, const std::string& code) {
-    RunContext context;
-    context.licenseDir = directory;
-    context.locale = icu::Locale(code.c_str());
-    context.resource = createResource(code.c_str(), true);
-    context.languageSet = languageSet;
-    return context;
-}
-
 }  // namespace
 
 icu::UnicodeString lineOf(const TextLines& lines, std::size_t index) {
@@ -40,62 +29,52 @@ icu::UnicodeString lineOf(const TextLines& lines, std::size_t index) {
     return {false, line.data(), static_cast<int32_t>(line.size())};
 }
 
-uint32_t ShownLines::pageLines(int32_t height) const {
-    screenHeight = height;
-    return textLinesPerPage(std::max(endPrompt->size(), continuePrompt->size()));
-}
-
-std::size_t ShownLines::pages(int32_t height) const {
-    const std::size_t lines = pageLines(height);
-    return lines == 0 ? 0 : (license->size() + lines - 1) / lines;
-}
-
-std::size_t ShownLines::tooWide(int32_t width) const {
+std::size_t tooWideLines(const TextLines& lines, int32_t width) {
     std::size_t count = 0;
-    for (std::size_t i = 0; i < license->size(); ++i) {
-        if (terminalColumns(lineOf(*license, i)) > width) ++count;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (terminalColumns(lineOf(lines, i)) > width) ++count;
     }
     return count;
 }
 
-ShownLanguage::ShownLanguage(const std::string& directory, int languageSet, const std::string& code)
-    : context_(contextFor(directory, languageSet, code)), dialog_(std::make_unique<LicenseDialog>(context_)) {}
+ShownLanguage::ShownLanguage(std::string directory, int languageSet, std::string code)
+    : directory_(std::move(directory)), code_(std::move(code)), languageSet_(languageSet) {}
 
-ShownLanguage::~ShownLanguage() = default;
-
-bool ShownLanguage::load() {
-    // All that is opened on the way: the prompt asks whether there are English texts and terms of other parties.
-    for (const std::string code : {context_.resource->getLanguageCode(), "en"}) {
-        if (isSpecial(agreementPath(context_, code)) || isSpecial(informationPath(context_, code))) return false;
-    }
-    if (isSpecial(joinPath(context_.licenseDir, nonVurTermsName))) return false;
-
-    if (!readLicenseText(context_, text_)) return false;
-    endPrompt_ = context_.resource->CLIACCMSG_KEY().unescape();
-    confirmation_ = context_.resource->CLICFMMSG_KEY().unescape();
-    // Comes last: where it switches languages it takes Traditional for Simplified Chinese on the way back, as zev does.
-    continuePrompt_ = buildContinuePrompt(*dialog_);
-    return true;
+RunContext ShownLanguage::context() const {
+    RunContext context;
+    context.licenseDir = directory_;
+    context.locale = icu::Locale(code_.c_str());
+    context.resource = createResource(code_.c_str(), true);
+    context.languageSet = languageSet_;
+    return context;
 }
 
-icu::UnicodeString ShownLanguage::name() const { return context_.resource->LANGNAME_KEY().unescape(); }
+bool ShownLanguage::load() {
+    const RunContext own = context();
+    // All that is opened on the way: the prompt asks whether there are English texts and terms of other parties.
+    for (const std::string& code : {code_, std::string("en")}) {
+        if (isSpecial(agreementPath(own, code)) || isSpecial(informationPath(own, code))) return false;
+    }
+    return !isSpecial(joinPath(directory_, nonVurTermsName)) && readLicenseText(own, text_);
+}
 
-bool ShownLanguage::layOut(int32_t width, ShownLines& lines) const {
-    lines.license = breakText(*dialog_, text_, width);
-    lines.continuePrompt = breakText(*dialog_, continuePrompt_, width);
-    lines.endPrompt = breakText(*dialog_, endPrompt_, width);
-    lines.confirmation = breakText(*dialog_, confirmation_, width);
-    return lines.license && lines.continuePrompt && lines.endPrompt && lines.confirmation;
+icu::UnicodeString ShownLanguage::name() const { return context().resource->LANGNAME_KEY().unescape(); }
+
+std::unique_ptr<const Screens> ShownLanguage::layOut(ScreenSize size) const {
+    RunContext own = context();
+    LicenseDialog dialog(own, size);
+    return Screens::layOut(dialog, text_);
 }
 
 bool ShownLanguage::hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const {
+    RunContext own = context();
+    const LicenseDialog dialog(own);
     UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::BreakIterator> breaks(
-        icu::BreakIterator::createLineInstance(*dialog_->currentLocale, status));
+    const std::unique_ptr<icu::BreakIterator> breaks(icu::BreakIterator::createLineInstance(own.locale, status));
     if (U_FAILURE(status)) return false;
     breaks->setText(text);
     for (int32_t begin = breaks->first(), end; (end = breaks->next()) != icu::BreakIterator::DONE; begin = end) {
-        if (displayWidth(*dialog_, text.tempSubStringBetween(begin, end)) < width) continue;
+        if (displayWidth(dialog, text.tempSubStringBetween(begin, end)) < width) continue;
         // Its line gets as many units as the screen has columns, be they less than the word or more.
         const bool isCut = !text.tempSubStringBetween(begin + width, end).trim().isEmpty();
         if (!isCut && terminalColumns(text.tempSubString(begin, width)) <= width) continue;

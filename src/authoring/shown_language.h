@@ -8,36 +8,22 @@
 #include <string>
 
 #include "app/run_context.h"
-#include "console/line_breaking.h"
+#include "console/screens.h"
+#include "console/terminal_geometry.h"
 
 namespace zev {
 
 /// A line with its line feed; it borrows from `lines`.
 [[nodiscard]] icu::UnicodeString lineOf(const TextLines& lines, std::size_t index);
 
-/// What zev shows of one language on a screen of one width.
-struct ShownLines {
-    std::unique_ptr<TextLines> license;
-    std::unique_ptr<TextLines> continuePrompt;
-    std::unique_ptr<TextLines> endPrompt;
-    std::unique_ptr<TextLines> confirmation;
-
-    /// How many lines of text stand on a page of a screen that is `height` lines high; unlimitedPage on a low one.
-    [[nodiscard]] uint32_t pageLines(int32_t height) const;
-    /// 0 where a page has no room for any text, so that it is never seen.
-    [[nodiscard]] std::size_t pages(int32_t height) const;
-    /// How many lines of text take more columns on the terminal than its width.
-    [[nodiscard]] std::size_t tooWide(int32_t width) const;
-};
+/// How many lines take more columns on the terminal than its width.
+[[nodiscard]] std::size_t tooWideLines(const TextLines& lines, int32_t width);
 
 /// One language of a licence directory, laid out by the code that zev itself runs. Traditional Chinese, which zev only
 /// copies, is laid out by the same rules.
 class ShownLanguage {
 public:
-    ShownLanguage(const std::string& directory, int languageSet, const std::string& code);
-    ~ShownLanguage();
-    ShownLanguage(const ShownLanguage&) = delete;
-    ShownLanguage& operator=(const ShownLanguage&) = delete;
+    ShownLanguage(std::string directory, int languageSet, std::string code);
 
     /// Reads the agreement and the information, which must be regular files. False when zev could not load them.
     [[nodiscard]] bool load();
@@ -48,17 +34,21 @@ public:
     /// The language's own name.
     [[nodiscard]] icu::UnicodeString name() const;
 
-    /// False when there is nothing to lay out.
-    [[nodiscard]] bool layOut(int32_t width, ShownLines& lines) const;
+    /// What zev shows on a screen of a size, after `load`; null when there is nothing to lay out.
+    [[nodiscard]] std::unique_ptr<const Screens> layOut(ScreenSize size) const;
 
     /// Whether `text` has a word that zev cuts because it is wider than a line, or whose line it lets overflow;
     /// `position` is that of the first, in code units.
     [[nodiscard]] bool hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const;
 
 private:
-    RunContext context_;
-    std::unique_ptr<LicenseDialog> dialog_;
-    icu::UnicodeString text_, continuePrompt_, endPrompt_, confirmation_;
+    /// Made anew for each use: where the continue prompt switches languages, it takes Traditional for Simplified
+    /// Chinese on the way back, as zev does.
+    [[nodiscard]] RunContext context() const;
+
+    std::string directory_, code_;
+    int languageSet_;
+    icu::UnicodeString text_;
 };
 
 }  // namespace zev

@@ -17,9 +17,9 @@ constexpr const char* inputMark = "[INPUT] ==> ";
 void readInput(LicenseDialog& dialog, std::span<char> buffer) {
     std::cout.flush();
     std::cin.getline(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    // The echo is out before anything else happens: whatever writes to the same place comes behind it.
-    if (runOptions.echoInput) std::cout << inputMark << buffer.data() << std::endl;
+    // The three records go out one by one, in this order, which shows where they share a file.
     trace(inputMark, buffer.data());
+    if (runOptions.echoInput) std::cout << inputMark << buffer.data() << std::endl;
     if (dialog.commandLog.is_open()) dialog.commandLog << buffer.data() << std::endl;
 }
 

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <unicode/unistr.h>
+#include <fstream>
+
+#include "console/terminal_geometry.h"
 
 namespace zev {
 
-struct LicenseDialog;
 struct RunContext;
 
-/// The continue prompt in the current language, with the numbered choices that this dialogue offers.
-/// Switches the language and back, to name the other one in its own words.
-[[nodiscard]] icu::UnicodeString buildContinuePrompt(LicenseDialog& dialog);
-
-/// Shows the agreement and asks for the answer. Returns the exit status that stands for it, or for the failure to have
-/// or to lay out a text.
-[[nodiscard]] int runLicenseDialog(RunContext& context);
+/// Shows the agreement on a screen of the given size and asks for the answer, which the command log receives if it is
+/// open. Returns the exit status that stands for the answer, or for the failure to have or to lay out a text.
+[[nodiscard]] int runLicenseDialog(RunContext& context, ScreenSize size, std::ofstream commandLog = {});
 
 }  // namespace zev

@@ -1,24 +1,22 @@
 #include "console/license_dialog.h"
 
 #include <string_view>
+#include <utility>
 
 #include "app/run_context.h"
-#include "app/run_options.h"
-#include "console/terminal_geometry.h"
 #include "lang/locale_choice.h"
 
 namespace zev {
 
-LicenseDialog::LicenseDialog(RunContext& runContext)
+LicenseDialog::LicenseDialog(RunContext& runContext, ScreenSize screen, std::ofstream log)
     : context(runContext),
       alternativeLanguageAvailable(runContext.locale.getLanguage() !=
                                    std::string_view(icu::Locale::getEnglish().getLanguage())),
       chosenLocale(runContext.locale),
       englishLocale(icu::Locale::getEnglish()),
-      currentLocale(&chosenLocale) {
-    if (!runOptions.commandLogPath.empty()) commandLog.open(runOptions.commandLogPath);
-    measureTerminal();
-}
+      currentLocale(&chosenLocale),
+      size(screen),
+      commandLog(std::move(log)) {}
 
 bool toggleLanguage(LicenseDialog& dialog) {
     if (!dialog.alternativeLanguageAvailable) return false;

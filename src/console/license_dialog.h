@@ -4,14 +4,16 @@
 
 #include <fstream>
 
+#include "console/terminal_geometry.h"
+
 namespace zev {
 
 struct RunContext;
 
 /// What one dialogue works on.
 struct LicenseDialog {
-    /// Opens the command log and measures the terminal. `runContext` outlives the dialogue.
-    explicit LicenseDialog(RunContext& runContext);
+    /// `runContext` outlives the dialogue.
+    explicit LicenseDialog(RunContext& runContext, ScreenSize screen = {}, std::ofstream log = {});
     LicenseDialog(const LicenseDialog&) = delete;
     LicenseDialog& operator=(const LicenseDialog&) = delete;
 
@@ -20,7 +22,8 @@ struct LicenseDialog {
     icu::Locale chosenLocale;
     icu::Locale englishLocale;
     const icu::Locale* currentLocale;  ///< one of the two above
-    std::ofstream commandLog;          ///< open when `-cmdlog` names a file that can be written
+    const ScreenSize size;
+    std::ofstream commandLog;  ///< open where answers are logged
 };
 
 /// Switches between the chosen language and English; false, and nothing changes, when there is no alternative. Where

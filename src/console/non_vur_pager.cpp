@@ -7,7 +7,7 @@
 #include "console/console_input.h"
 #include "console/license_dialog.h"
 #include "console/line_breaking.h"
-#include "console/terminal_geometry.h"
+#include "console/screens.h"
 #include "console/text_output.h"
 #include "files/license_text_set.h"
 
@@ -26,19 +26,17 @@ bool showNonVurTerms(LicenseDialog& dialog) {
         trace("Error getting non-VUR license text");
         return false;
     }
-    const auto lines = breakText(dialog, text, screenWidth);
+    const auto lines = breakText(dialog, text, dialog.size.width);
     if (!lines) {
         trace("Failed breakText for non-VUR license text");
         return false;
     }
 
-    const uint32_t pageLines = textLinesPerPage(0);
     std::array<char, answerSize> answer;
-    std::size_t next = 0;
+    Page page;
     do {
-        const uint32_t shown = writeLines(*lines, next, pageLines);
-        next += shown;
-        fillPage(shown, pageLines);
+        page = pageOfTerms(*lines, page.end, dialog.size.height);
+        writePage(*lines, page);
         writeEmptyLines(2);
         std::cout << morePrompt << '\n';
         readInput(dialog, answer);

@@ -11,9 +11,6 @@
 
 namespace zev {
 
-int32_t screenWidth = 80;
-int32_t screenHeight = 24;
-
 namespace {
 
 void takePositive(int32_t& value, int candidate) {
@@ -26,22 +23,30 @@ void takeFromEnvironment(int32_t& value, const char* variable) {
 
 }  // namespace
 
-void measureTerminal() {
+ScreenSize sizeOfTerminal(int descriptor) {
+    ScreenSize size;
     winsize window{};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &window) == 0) {
-        takePositive(screenHeight, window.ws_row);
-        takePositive(screenWidth, window.ws_col);
+    if (ioctl(descriptor, TIOCGWINSZ, &window) == 0) {
+        takePositive(size.height, window.ws_row);
+        takePositive(size.width, window.ws_col);
     }
-    takeFromEnvironment(screenWidth, "COLUMNS");
-    takeFromEnvironment(screenHeight, "LINES");
-    trace("height=", screenHeight, ", width=", screenWidth);
-
-    if (runOptions.dimensionsOutPath.empty()) return;
-    std::ofstream(runOptions.dimensionsOutPath) << screenHeight << ' ' << screenWidth << '\n';
+    return size;
 }
 
-uint32_t textLinesPerPage(std::size_t promptLines) {
-    const int64_t lines = int64_t{screenHeight} - static_cast<int64_t>(promptLines) - reservedLines;
+ScreenSize measureTerminal() {
+    ScreenSize size = sizeOfTerminal(STDERR_FILENO);
+    takeFromEnvironment(size.width, "COLUMNS");
+    takeFromEnvironment(size.height, "LINES");
+    trace("height=", size.height, ", width=", size.width);
+
+    if (!runOptions.dimensionsOutPath.empty()) {
+        std::ofstream(runOptions.dimensionsOutPath) << size.height << ' ' << size.width << '\n';
+    }
+    return size;
+}
+
+uint32_t textLinesPerPage(int32_t height, std::size_t promptLines) {
+    const int64_t lines = int64_t{height} - static_cast<int64_t>(promptLines) - reservedLines;
     return lines < 0 ? unlimitedPage : static_cast<uint32_t>(lines);
 }
 

@@ -43,7 +43,7 @@ bool ReplacedFile::close() {
 }
 
 File createPrivateFile(const std::string& path) {
-    std::remove(path.c_str());
+    unlink(path.c_str());
     return openStream(path, O_EXCL | O_NOFOLLOW, 0600);
 }
 

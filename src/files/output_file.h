@@ -34,8 +34,8 @@ private:
     File file_;
 };
 
-/// Creates a file that no other user can read or has opened. What lay in its place is removed; where that cannot be,
-/// or something is back at once, the result is null.
+/// Creates a file that no other user can read or has opened. What lay in its place is removed; if that cannot be done,
+/// as with a directory, or something is back at once, the result is null.
 [[nodiscard]] File createPrivateFile(const std::string& path);
 
 }  // namespace zev

@@ -21,13 +21,13 @@ Presence presenceOf(const std::string& path) {
         return Presence::readable;
     }
     switch (errno) {
-        case ENOENT:
-        case ENOTDIR:
-        case ENAMETOOLONG:
-        case ELOOP:
-        case EACCES:
-        case EPERM: return Presence::absent;
-        default: return Presence::unknown;
+        case EMFILE:
+        case ENFILE:
+        case ENOMEM:
+        case EIO:
+        case EINTR:
+        case ESTALE: return Presence::unknown;
+        default: return Presence::absent;
     }
 }
 

@@ -9,8 +9,8 @@ namespace zev {
 
 enum class Presence {
     readable,
-    absent,  ///< not there, or not to be read by this user
-    unknown  ///< it could not be opened for another reason, such as want of descriptors
+    absent,  ///< not there, not to be read by this user, or not a file that can be opened, such as a socket
+    unknown  ///< the attempt itself failed, for want of descriptors or by a device error, and says nothing
 };
 
 /// Tries to open the file for reading.

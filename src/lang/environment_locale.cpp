@@ -1,6 +1,5 @@
 #include "lang/environment_locale.h"
 
-#include <unicode/locid.h>
 #include <unicode/putil.h>
 #include <unicode/ucnv.h>
 #include <unicode/udata.h>
@@ -10,7 +9,6 @@
 #include <cstdlib>
 #include <initializer_list>
 #include <ostream>
-#include <string>
 #include <string_view>
 
 namespace zev {
@@ -43,17 +41,20 @@ LocaleValue parse(std::string_view value) {
     return {std::string(value.substr(0, value.find_first_of(".@"))), between('.', '@'), between('@', '.')};
 }
 
-LocaleValue firstSet(std::initializer_list<const char*> variables) {
+std::string firstSet(std::initializer_list<const char*> variables) {
     for (const char* variable : variables) {
         const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0') return parse(value);
+        if (value != nullptr && *value != '\0') return value;
     }
     return {};
 }
 
+/// Whether a locale name may be longer than ICU's buffers.
+bool isLong(const std::string& name) { return name.size() >= ULOC_FULLNAME_CAPACITY; }
+
 /// A value that names a code set and no language leaves the language to LANG.
 icu::Locale localeOf(LocaleValue value) {
-    if (value.language.empty() && !value.codeSet.empty()) value = firstSet({"LANG"});
+    if (value.language.empty() && !value.codeSet.empty()) value = parse(firstSet({"LANG"}));
     std::string name = value.language;
     if (name == "C" || name == "POSIX" || (name.empty() && value.modifier.empty())) name = "en_US_POSIX";
     // ICU's form of a POSIX modifier is a variant, behind an empty territory if need be.
@@ -62,7 +63,8 @@ icu::Locale localeOf(LocaleValue value) {
     std::string canonical(name.size() + ULOC_FULLNAME_CAPACITY, '\0');
     UErrorCode status = U_ZERO_ERROR;
     uloc_canonicalize(name.c_str(), canonical.data(), static_cast<int32_t>(canonical.size()), &status);
-    return {U_SUCCESS(status) ? canonical.c_str() : ""};
+    if (U_FAILURE(status)) return isLong(name) ? localeNamed(name) : icu::Locale("");
+    return localeNamed(canonical.c_str());
 }
 
 /// The converter is null where ICU does not know the name.
@@ -81,17 +83,30 @@ CodePage codePageOf(const LocaleValue& value) {
 
 }  // namespace
 
-void adoptEnvironmentLocale() {
+std::string environmentLocale() { return firstSet({"LC_ALL", "LC_CTYPE", "LANG"}); }
+
+void adoptEnvironmentLocale() { adoptLocale(environmentLocale()); }
+
+void adoptLocale(const std::string& value) {
     // Whatever ICU_DATA and ICU_TIMEZONE_FILES_DIR say, the data are those that the program is linked with.
     UErrorCode status = U_ZERO_ERROR;
     u_setDataDirectory("");
     u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
-    const LocaleValue value = firstSet({"LC_ALL", "LC_CTYPE", "LANG"});
-    processCodePage = codePageOf(value);
+    const LocaleValue pieces = parse(value);
+    processCodePage = codePageOf(pieces);
     status = U_ZERO_ERROR;
-    icu::Locale::setDefault(localeOf(value), status);
+    icu::Locale::setDefault(localeOf(pieces), status);
+}
+
+icu::Locale localeNamed(const std::string& name) {
+    const icu::Locale locale(name.c_str());
+    if (!locale.isBogus() || !isLong(name)) return locale;
+    std::array<char, ULOC_LANG_CAPACITY> language{};
+    UErrorCode status = U_ZERO_ERROR;
+    uloc_getLanguage(name.c_str(), language.data(), language.size() - 1, &status);
+    return U_SUCCESS(status) ? icu::Locale(language.data()) : locale;
 }
 
 const char* codePageName() { return processCodePage.name.c_str(); }
@@ -99,6 +114,8 @@ const char* codePageName() { return processCodePage.name.c_str(); }
 icu::UnicodeString fromCodePage(const char* bytes) { return {bytes, codePageName()}; }
 
 std::ostream& operator<<(std::ostream& out, InCodePage piece) {
+    // A stateful code page would begin even an empty piece with its header.
+    if (piece.text.empty()) return out;
     UConverter* const converter = processCodePage.converter.getAlias();
     const char16_t* source = piece.text.data();
     const char16_t* const sourceEnd = source + piece.text.size();

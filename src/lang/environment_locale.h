@@ -1,17 +1,30 @@
 #pragma once
 
+#include <unicode/locid.h>
 #include <unicode/unistr.h>
 
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 /// The locale and the code page of the process. ICU's builds for Linux read other variables and take UTF-8 for granted,
 /// so both are settled here, as POSIX has it: by the first of LC_ALL, LC_CTYPE and LANG that is set and not empty.
 namespace zev {
 
-/// Reads the environment and makes its locale ICU's default. Comes before any other use of ICU, which from here on has
-/// no data but its own.
+/// The value of the first of those variables, empty where none is set.
+[[nodiscard]] std::string environmentLocale();
+
+/// Makes the locale of a value, such as "pt_BR.UTF-8", ICU's default, and its code set the code page of the process. A
+/// value that names a code set alone leaves the language to LANG. Comes before any other use of ICU, which from here on
+/// has no data but its own.
+void adoptLocale(const std::string& value);
+
+/// The same for the value that the environment has.
 void adoptEnvironmentLocale();
+
+/// The locale of a name. Of one that is longer than ICU's buffers, which some releases of ICU refuse, only the language
+/// is sure to be there.
+[[nodiscard]] icu::Locale localeNamed(const std::string& name);
 
 /// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names
 /// none or one that ICU does not know.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <span>
 #include <string_view>
 
 #include "app/run_context.h"
@@ -40,15 +39,17 @@ constexpr auto languageTable3 =
     tableOf<std::ranges::count(rows, true, &Row::inSmallerSet)>([](const Row& row) { return row.inSmallerSet; });
 static_assert(languageTable3.size() == 13, "the smaller set is closed");
 
-std::span<const LanguageEntry> activeTable(const RunContext& context) {
-    switch (context.languageSet) {
+std::span<const LanguageEntry> activeTable(const RunContext& context) { return languagesOfSet(context.languageSet); }
+
+}  // namespace
+
+std::span<const LanguageEntry> languagesOfSet(int languageSet) {
+    switch (languageSet) {
         case alternativeLanguageSet: return languageTable3;
         case defaultLanguageSet: return languageTable4;
         default: return {};
     }
 }
-
-}  // namespace
 
 unsigned languageCount(const RunContext& context) { return static_cast<unsigned>(activeTable(context).size()); }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 namespace zev {
 
 struct RunContext;
@@ -9,6 +11,9 @@ struct LanguageEntry {
     const char* code;         ///< ISO 639-1, or "zh_TW"; the suffix of the licence file names
     const char* englishName;  ///< the base name of the licence copy
 };
+
+/// The languages of a set, in the order that matching and recording follow; none when there is no such set.
+[[nodiscard]] std::span<const LanguageEntry> languagesOfSet(int languageSet);
 
 /// How many languages the context's set has; none when there is no such set.
 [[nodiscard]] unsigned languageCount(const RunContext& context);

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unicode/locid.h>
+#include <unistd.h>
 
 #include <ctime>
 
@@ -161,6 +164,24 @@ TEST_F(Recording, findsNoEndWhereATextCannotBeRead) {
         sandbox.write(file + "/x", "a directory");
         EXPECT_EQ(record(), 15) << name;
         EXPECT_EQ(run(sandbox.arguments(), {{"LC_ALL", "de_DE.UTF-8"}}, "1\n").exitCode, name[0] == 'L' ? 11 : 15);
+        sandbox.remove(file);
+        sandbox.write(file, utf16(u"text"));
+    }
+}
+
+TEST_F(Recording, takesWhatCanNeverBeOpenedForAbsent) {
+    const std::pair<const char*, int> rows[]{{"LI_ko", 11}, {"notices", 9}, {"non_vur_license", 9}};
+    for (const auto& [name, exitCode] : rows) {
+        const std::string file = std::string("licenses/") + name;
+        sandbox.remove(file);
+        sockaddr_un address{AF_UNIX, {}};
+        sandbox.path(file).copy(address.sun_path, sizeof address.sun_path - 1);
+        const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
+        ASSERT_EQ(bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(run(sandbox.arguments(), {}, "1\n").exitCode, exitCode) << name;
+        EXPECT_FALSE(sandbox.has("status/license/" + (name + std::string(".txt"))));
+        close(descriptor);
+        sandbox.remove("status");
         sandbox.remove(file);
         sandbox.write(file, utf16(u"text"));
     }

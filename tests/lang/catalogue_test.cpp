@@ -2,8 +2,8 @@
 #include <unicode/regex.h>
 
 #include "app/run_options.h"
-#include "authoring/code_page_loss.h"
 #include "authoring/language_profile.h"
+#include "console/code_page_loss.h"
 #include "lang/environment_locale.h"
 #include "lang/language_table.h"
 #include "lang/locale_choice.h"

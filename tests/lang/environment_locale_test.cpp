@@ -61,6 +61,9 @@ TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
     adopt("", "", "ja_JP.ISO-2022-JP");
     EXPECT_EQ(written(u"許"), "\x1B$B5v");
     EXPECT_EQ(written(u"x"), "x") << "every piece begins anew";
+    adopt("", "", "ko_KR.ISO-2022-KR");
+    EXPECT_EQ(written(u"x"), "\x1B$)Cx");
+    EXPECT_EQ(written(u""), "");
     adopt("", "", "en_US.UTF-8");
     for (const char16_t* half : {u"\xD83D\n", u"\xDE00\n"}) EXPECT_EQ(written(half), "\uFFFD\n") << "a hard cut";
     const icu::UnicodeString text(600, U'é', 600);

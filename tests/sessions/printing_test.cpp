@@ -62,4 +62,14 @@ TEST_F(Printing, showsAnAddressWhenNoCommandTakesTheDocument) {
     EXPECT_FALSE(std::filesystem::exists(document));
 }
 
+TEST(PrintDocument, doesNotReplaceADirectoryOfItsName) {
+    const Sandbox sandbox;
+    const Finished finished = run(sandbox.arguments({"-debug"}), {}, "3\n1\n",
+                                  [] { mkdir(("/tmp/zevdoc_" + std::to_string(getpid()) + "_en.text").c_str(), 0700); });
+    const auto begin = finished.err.find("/tmp/zevdoc_");
+    const std::string path = finished.err.substr(begin, finished.err.find('\n', begin) - begin);
+    EXPECT_THAT(finished.err, HasSubstr("DEBUG: Unable to create file " + path + "\nDEBUG: Error printing LA\n"));
+    EXPECT_TRUE(std::filesystem::remove(path));
+}
+
 }  // namespace zev::test

@@ -16,12 +16,12 @@ void answerFromPipe() {
     if (pipe(ends) == 0 && write(ends[1], "1\n", 2) == 2) dup2(ends[0], STDIN_FILENO);
 }
 
-TEST(Streams, echoAnAnswerBeforeAnythingElseHappens) {
+TEST(Streams, traceEchoAndLogAnAnswerInThisOrderBeforeAnythingElseHappens) {
     const Sandbox sandbox;
     ASSERT_EQ(mkdir(sandbox.path("status").c_str(), 0700) + mkdir(sandbox.path("status/license").c_str(), 0700), 0);
     ASSERT_EQ(mkfifo(sandbox.path("status/license/Czech.txt").c_str(), 0600), 0);
-    Terminal terminal(24, 80, sandbox.arguments({"-cmdlog", "/dev/stdout"}), {}, answerFromPipe);
-    terminal.waitFor("[INPUT] ==> 1\n1\n");  // the copy has no reader, so the run does not get to its end
+    Terminal terminal(24, 80, sandbox.arguments({"-debug", "-cmdlog", "/dev/stdout"}), {}, answerFromPipe);
+    terminal.waitFor("DEBUG: [INPUT] ==> 1\n[INPUT] ==> 1\n1\n");  // the copy has no reader, so the run does not get to its end
 }
 
 TEST(Streams, takeAClosedInputForNoTerminal) {

@@ -16,7 +16,6 @@
 #include <utility>
 
 #include "app/run_options.h"
-#include "lang/locale_choice.h"
 
 namespace zev::test {
 
@@ -64,10 +63,8 @@ Arguments joined(Arguments arguments, const Arguments& more) {
 }
 
 std::vector<LanguageEntry> languages() {
-    const RunContext context = createRunContext("", "", defaultLanguageSet);
-    std::vector<LanguageEntry> all;
-    while (const auto* next = languageEntry(context, static_cast<unsigned>(all.size()))) all.push_back(*next);
-    return all;
+    const auto all = languagesOfSet(defaultLanguageSet);
+    return {all.begin(), all.end()};
 }
 
 std::string utf16(std::u16string_view text) {

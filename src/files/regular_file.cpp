@@ -1,4 +1,4 @@
-#include "authoring/text_source.h"
+#include "files/regular_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "authoring/descriptor.h"
+#include "files/descriptor.h"
 
 namespace zev {
 

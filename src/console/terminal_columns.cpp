@@ -1,4 +1,4 @@
-#include "authoring/terminal_columns.h"
+#include "console/terminal_columns.h"
 
 #include <unicode/uchar.h>
 

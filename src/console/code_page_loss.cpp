@@ -1,4 +1,4 @@
-#include "authoring/code_page_loss.h"
+#include "console/code_page_loss.h"
 
 #include <unicode/localpointer.h>
 #include <unicode/uchar.h>

@@ -1,4 +1,4 @@
-#include "authoring/directory_listing.h"
+#include "files/directory_listing.h"
 
 #include <algorithm>
 #include <filesystem>

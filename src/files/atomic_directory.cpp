@@ -1,4 +1,4 @@
-#include "authoring/atomic_directory.h"
+#include "files/atomic_directory.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -10,8 +10,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "authoring/descriptor.h"
-#include "authoring/directory_listing.h"
+#include "files/descriptor.h"
+#include "files/directory_listing.h"
 
 namespace zev {
 
