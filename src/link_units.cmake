@@ -29,9 +29,9 @@ link_unit(tools console
 link_unit(authoring tools
   authoring/authoring_command_line authoring/build_command authoring/character_checks authoring/check_command
   authoring/commands authoring/double_encoding
-  authoring/finding authoring/html_cells authoring/html_style authoring/language_guess
+  authoring/finding authoring/html authoring/language_guess
   authoring/language_models authoring/language_profile authoring/messages authoring/preview_command
-  authoring/preview_html authoring/preview_text authoring/set_builder authoring/set_checks authoring/set_files
+  authoring/preview_page authoring/set_builder authoring/set_checks authoring/set_files
   authoring/shown_language authoring/text_checks authoring/text_encoding)
 
 executable(zev-licenses authoring authoring/main)

@@ -6,7 +6,9 @@
 #include "app/run_options.h"
 #include "authoring/text_encoding.h"
 #include "files/directory_listing.h"
+#include "files/license_fingerprint.h"
 #include "files/license_text_set.h"
+#include "files/paths.h"
 #include "files/regular_file.h"
 
 namespace zev {
@@ -61,6 +63,16 @@ std::string finishedText(const icu::UnicodeString& text, TextKind kind) {
     icu::UnicodeString finished = repairedText(text, kind);
     if (kind == TextKind::information && !finished.startsWith(u"\n")) finished.insert(0, u'\n');
     return encodeUtf16(finished);
+}
+
+SetSums sumsOfSet(const std::string& directory) {
+    SetSums sums;
+    for (const std::string& name : licenseFileNames(defaultLanguageSet)) {
+        const FileContent content = readRegularFile(joinPath(directory, name));
+        if (content.good()) sums.files.push_back({name, sha256(content.bytes)});
+    }
+    sums.fingerprint = licenseFingerprint(sums.files);
+    return sums;
 }
 
 std::string whyNotReplaceable(const std::string& directory) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "authoring/language_profile.h"
+#include "files/sha256.h"
 #include "lang/language_table.h"
 
 namespace zev {
@@ -33,6 +34,15 @@ struct SetFile {
 /// The bytes of a text as it stands in a set: repaired, in UTF-16, big-endian with a mark; the information begins with
 /// a line feed. Nothing else changes.
 [[nodiscard]] std::string finishedText(const icu::UnicodeString& text, TextKind kind);
+
+/// What ties a set to its bytes: the SHA-256 of each of its files that can be read, in the order of the fingerprint,
+/// and the fingerprint, which zev-ask asks for and records.
+struct SetSums {
+    std::vector<FileSum> files;
+    std::string fingerprint;
+};
+
+[[nodiscard]] SetSums sumsOfSet(const std::string& directory);
 
 /// Why a directory may not be replaced by a set: it holds something that `finishedText` would not have written. Empty
 /// if it may, or is not there.
