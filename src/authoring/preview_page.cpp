@@ -17,6 +17,7 @@ namespace {
 
 constexpr int32_t usualWidth = 80;
 constexpr int32_t usualHeight = 24;
+constexpr std::size_t shortSum = 16;  ///< digits of a fingerprint that are enough to tell it, as for zev-ask
 
 std::string number(std::size_t count) { return element("td", {{"class", "number"}}, std::to_string(count)); }
 
@@ -53,7 +54,7 @@ std::string listOfSums(std::span<const std::string> names, const SetSums& sums) 
     std::string list;
     for (const auto& [name, sum] : sums.files) {
         const bool isListed = names.empty() || std::ranges::find(names, name) != names.end();
-        if (isListed) list += element("dt", {}, name) + block("dd", {}, sum);
+        if (isListed) list += element("dt", {}, "SHA-256 of " + name) + block("dd", {}, sum);
     }
     list += element("dt", {}, "Fingerprint of the set") + block("dd", {}, sums.fingerprint);
     return block("dl", {{"class", "sums"}}, "\n" + list);
@@ -164,6 +165,10 @@ constexpr const char* overviewHead =
     "<th scope=\"col\" class=\"number\">Lines too wide</th><th scope=\"col\">Characters lost</th>"
     "<th scope=\"col\">Findings</th></tr></thead>\n";
 
+std::string sheetStyle(const std::string& name, const std::string& margin) {
+    return "@page " + name + " { @bottom-left { content: " + cssString(margin) + " } }\n";
+}
+
 constexpr const char* signatureLines =
     "<div class=\"lines\"><span>Read and found right (name)</span><span>Date</span><span>Signature</span></div>\n";
 
@@ -230,28 +235,35 @@ void PreviewPage::add(const Part& part) {
                         (part.screens.empty() ? "" : linksTo(part.id)) + listOf(findings) + part.screens +
                         block("div", {{"class", "sign"}}, "\n" + signature));
 
-    const std::string margin = directory_ + ", " + part.sheetTitle + ", fingerprint " + sums_.fingerprint.substr(0, 16);
-    sheetStyle_ += ".sheet-" + part.id + " { page: sheet-" + part.id + " }\n@page sheet-" + part.id +
-                   " { @bottom-left { content: " + cssString(margin) + " } }\n";
+    const std::string id = "sheet-" + part.id;
+    sheetStyle_ +=
+        "." + id + " { page: " + id + " }\n" +
+        sheetStyle(id, directory_ + ", " + part.sheetTitle + ", fingerprint " + sums_.fingerprint.substr(0, shortSum));
 }
 
 std::string PreviewPage::html() const {
     const std::string title = "Licence directory " + escapeHtml(directory_);
     const std::string head =
         "<meta charset=\"utf-8\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n" +
-        block("title", {}, title) + block("style", {}, previewStyle() + sheetStyle_);
+        block("title", {}, title) + block("style", {}, previewStyle() + sheetStyle("", directory_) + sheetStyle_);
     const std::string header = block("h1", {}, title) +
-                               block("p", {}, "As zev " + escapeHtml(runOptions.version) + " shows it on a terminal.");
+                               block("p", {}, "As zev " + escapeHtml(runOptions.version) + " shows it on a terminal.") +
+                               listOfSums({}, {{}, sums_.fingerprint});
     const std::string overview =
         block("h2", {{"id", "languages"}}, "Texts") +
         block("div", {{"class", "scrolls"}}, element("table", {}, overviewHead + block("tbody", {}, "\n" + rows_))) +
-        legend + block("h2", {{"id", "findings"}}, "Findings") + listOf(findings_) +
+        legend + block("h2", {{"id", "findings"}}, "Findings") + listOf(findings_);
+    const std::string files =
         block("h2", {{"id", "files"}}, "Files") +
-        block("p", {}, "Their SHA-256, and the fingerprint of the set, which zev-ask asks for and records.") +
+        block("p", {},
+              "The SHA-256 of each. The fingerprint is that of the lines that sha256sum prints for them, in this "
+              "order; zev-ask records it with every acceptance.") +
         listOfSums({}, sums_);
     const std::string body = block("a", {{"class", "skip"}, {"href", "#languages"}}, "To the texts") +
                              block("header", {}, "\n" + header) +
-                             block("main", {}, "\n" + block("section", {}, "\n" + overview) + parts_);
+                             block("main", {},
+                                   "\n" + block("section", {}, "\n" + overview) + parts_ +
+                                       block("section", {{"class", "part"}}, "\n" + files));
     return "<!DOCTYPE html>\n" +
            block("html", {{"lang", "en"}}, "\n" + block("head", {}, "\n" + head) + block("body", {}, "\n" + body));
 }
