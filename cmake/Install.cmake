@@ -1,4 +1,4 @@
-# What `cmake --install` lays down. What a build does not have, a companion for instance, is left out without a word.
+# What `cmake --install` lays down. What a build does not have, such as zev-licenses, is left out without a word.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -11,8 +11,10 @@ if(TARGET zev-licenses)
   install(TARGETS zev-licenses EXPORT zevTargets)
 endif()
 
-file(GLOB companions CONFIGURE_DEPENDS companions/zev-*)
-install(PROGRAMS ${companions} DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(NOT ZEV_ALONE)
+  # The same file under other names.
+  install(FILES ${PROJECT_BINARY_DIR}/zev-ask ${PROJECT_BINARY_DIR}/zev-audit DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
 
 foreach(section IN ITEMS 1 5)
   file(GLOB pages CONFIGURE_DEPENDS man/*.${section})

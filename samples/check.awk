@@ -1,5 +1,6 @@
 # Holds a text of the sample agreement, the second file, against the English one, the first: line by line the same clause,
-# item or row, and the names, numbers and addresses that no translation changes.
+# item or row, and the names, numbers and addresses that no translation changes. In Czech, Polish and Slovenian no line may end
+# in a one-letter word.
 function beginning(line, letters, at, item) {
     if (match(line, /^([0-9]\.| +)/)) return substr(line, 1, RLENGTH)
     for (at = split(letters, item, " "); at > 0; --at) if (index(line, "(" item[at] ")") == 1) return "item " at
@@ -12,6 +13,7 @@ function complain(what) {
 BEGIN {
     facts = "https[^ ]*html|[A-Za-z]+@[A-Za-z.]+[A-Za-z]|[A-Za-z][^ ]*/[*][.][a-z]+|[0-9][0-9.]*[0-9]|Harbour Ledger( license)?|" \
         "VUR|TEST|Tidegauge Parser|Northquay Cooperative|Lanternsort|Brisk Otter Works|Pebble Figures|Ilse Marrow"
+    oneLetterWord = "(^| |\302\240)[A-Za-z] "
 }
 NR == FNR { english[count = FNR] = $0; next }
 {
@@ -22,6 +24,7 @@ NR == FNR { english[count = FNR] = $0; next }
         fact = substr(rest, RSTART, RLENGTH)
         if (index($0, fact) == 0) complain("without " fact)
     }
+    if (FILENAME ~ /_(cs|pl|sl)[.]txt$/ && $0 ~ oneLetterWord) complain("a line may end in a one-letter word")
 }
 END {
     if (FNR != count) complain("not the lines of the English")

@@ -9,6 +9,7 @@ declare -A declared_licence=(
     [libexttextcat-dev]='BSD-3-Clause'
     [libgcc-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1'
     [libicu-dev]='Unicode-DFS-2016 AND ICU AND BSD-2-Clause AND BSD-3-Clause'
+    [libmd-dev]='BSD-3-Clause'
     [nlohmann-json3-dev]='MIT'
     [libstdc++-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1')
 

@@ -20,11 +20,16 @@ link_unit(console locale_choice
 
 link_unit(driver console app/command_line app/run_driver)
 
-executable(zev driver app/legal_notice app/main)
-
 link_unit(tools console
-  console/code_page_loss console/terminal_columns files/atomic_directory files/descriptor files/directory_listing
-  files/license_fingerprint files/regular_file files/sha256)
+  console/code_page_loss console/terminal_columns files/atomic_directory files/descriptor files/directory_at
+  files/directory_listing files/license_fingerprint files/regular_file files/sha256)
+
+link_unit(consent tools
+  consent/ask consent/audit consent/audit_report consent/call_words consent/command_lines consent/dialogue
+  consent/exit_status consent/legibility consent/owned_file consent/person consent/record consent/record_writer
+  consent/scratch consent/store consent/terminal consent/terms consent/trusted_path consent/way_out)
+
+executable(zev "driver;consent" app/legal_notice app/main)
 
 link_unit(authoring tools
   authoring/authoring_command_line authoring/build_command authoring/character_checks authoring/check_command

@@ -1,3 +1,33 @@
-#include "app/run_driver.h"
+#include <algorithm>
+#include <string_view>
+#include <utility>
 
-int main(int argc, char** argv) { return zev::runDriver(argc, argv); }
+#include "app/run_driver.h"
+#ifndef ZEV_ALONE
+#include "consent/ask.h"
+#include "consent/audit_report.h"
+#endif
+
+namespace {
+
+using Command = int (*)(int argc, char** argv);
+
+/// The names under which the file is something else than zev.
+constexpr std::pair<std::string_view, Command> commands[]{
+#ifndef ZEV_ALONE
+    {"zev-ask", zev::runAsk},
+    {"zev-audit", zev::runAudit},
+#endif
+    {"zev", zev::runDriver},
+};
+
+/// The command of a path, by its last component; for any other name it is zev.
+Command commandOf(std::string_view path) {
+    const auto* command =
+        std::ranges::find(commands, path.substr(path.rfind('/') + 1), &std::pair<std::string_view, Command>::first);
+    return command != std::end(commands) ? command->second : zev::runDriver;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) { return commandOf(argc > 0 ? argv[0] : "")(argc, argv); }

@@ -23,14 +23,14 @@ struct LanguageLosses {
     std::vector<PageLoss> pages;
 };
 
-/// What the code pages of each language lose of it; languages that cannot be shown are left out.
+/// What the code pages of its readers lose of each language; languages that cannot be shown are left out.
 std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
     std::vector<LanguageLosses> losses;
     for (const auto& [code, englishName] : languagesOfSet(command.languageSet)) {
         ShownLanguage language(command.directory, command.languageSet, code);
         if (!language.load()) continue;
         auto& pages = losses.emplace_back(LanguageLosses{code, {}}).pages;
-        for (const char* page : profileOf(code).codePages) pages.push_back({page, lossIn(page, language.text())});
+        for (const char* page : codePagesOfReaders(code)) pages.push_back({page, lossIn(page, language.text())});
     }
     return losses;
 }

@@ -66,6 +66,13 @@ constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; Han a
 
 const LanguageProfile& profileOf(std::string_view code) { return *findProfile(code); }
 
+std::vector<const char*> codePagesOfReaders(std::string_view code) {
+    const auto own = profileOf(code).codePages;
+    std::vector<const char*> codePages(own.begin(), own.end());
+    if (code == "zh") std::ranges::copy(profileOf("zh_TW").codePages, std::back_inserter(codePages));
+    return codePages;
+}
+
 bool isWrittenIn(const LanguageProfile& language, const icu::UnicodeString& text) {
     std::map<UScriptCode, int64_t> columns;
     int64_t all = 0;

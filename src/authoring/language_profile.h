@@ -5,6 +5,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace zev {
 
@@ -18,6 +19,10 @@ struct LanguageProfile {
 
 /// The profile of a language of the default set.
 [[nodiscard]] const LanguageProfile& profileOf(std::string_view code);
+
+/// The code pages of those who are shown a text of the language: its own, and for zh those of zh_TW, whose readers are
+/// shown zh.
+[[nodiscard]] std::vector<const char*> codePagesOfReaders(std::string_view code);
 
 /// Whether most letters are of the language's scripts, by the columns that they take on the screen: a Chinese text may
 /// name many products in Latin letters. Japanese must show some kana, Korean some Hangul. True for a text without

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "files/descriptor.h"
+#include "files/directory_at.h"
 #include "files/directory_listing.h"
 
 namespace zev {
@@ -58,7 +59,7 @@ void clearLeftovers(const fs::path& path) {
         if (!name.starts_with(leftoverPrefix(path))) continue;
         const fs::path leftover = path.parent_path() / name;
         const Descriptor directory(open(leftover.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        if (directory.value >= 0 && lock(directory.value, {})) fs::remove_all(leftover, error);
+        if (directory.isOpen() && lock(directory.get(), {})) fs::remove_all(leftover, error);
     }
 }
 
@@ -76,19 +77,10 @@ fs::path makeBeside(const fs::path& path) {
     return {};
 }
 
-bool writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return false;
-        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 std::string writeFiles(int parent, const fs::path& directory, const DirectoryContent& content) {
     for (const auto& [name, bytes] : content) {
         const Descriptor file(openat(parent, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-        if (file.value < 0 || !writeAll(file.value, bytes) || fsync(file.value) != 0) {
+        if (!file.isOpen() || !writeAll(file.get(), bytes) || fsync(file.get()) != 0) {
             return failure(directory / name, "cannot be written");
         }
     }
@@ -134,21 +126,21 @@ std::string replaceDirectory(const std::string& path, const DirectoryContent& co
     const fs::path place = placeOf(path, error);
     if (error) return path + ": " + error.message();
     const Descriptor parent(open(place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (parent.value < 0) return failure(place.parent_path(), "cannot be opened");
+    if (!parent.isOpen()) return failure(place.parent_path(), "cannot be opened");
     constexpr std::chrono::seconds longestWait{10};
-    if (lock(parent.value, longestWait)) clearLeftovers(place);
+    if (lock(parent.get(), longestWait)) clearLeftovers(place);
 
     const fs::path made = makeBeside(place);
     if (made.empty()) return failure(place.parent_path() / leftoverPrefix(place), "cannot be made");
     const Descriptor directory(open(made.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (directory.value < 0) return failure(made, "cannot be opened");
+    if (!directory.isOpen()) return failure(made, "cannot be opened");
     // It tells who clears leftovers that this is none; who was faster takes it away.
-    if (!lock(directory.value, {}) && errno == EWOULDBLOCK) return made.string() + ": taken away by another run";
-    std::string problem = fill(directory.value, made, place, content);
+    if (!lock(directory.get(), {}) && errno == EWOULDBLOCK) return made.string() + ": taken away by another run";
+    std::string problem = fill(directory.get(), made, place, content);
     if (problem.empty()) problem = moveIntoPlace(made, place);
     fs::permissions(made, fs::perms::owner_all, fs::perm_options::add, error);  // the old one may have been read-only
     fs::remove_all(made, error);
-    if (problem.empty() && fsync(parent.value) != 0) problem = failure(place.parent_path(), "cannot be written");
+    if (problem.empty() && fsync(parent.get()) != 0) problem = failure(place.parent_path(), "cannot be written");
     return problem;
 }
 

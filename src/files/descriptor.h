@@ -2,18 +2,34 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 namespace zev {
 
-/// A file descriptor, closed at its end; a negative one stands for none.
-struct Descriptor {
-    explicit Descriptor(int number) : value(number) {}
-    ~Descriptor() {
-        if (value >= 0) close(value);
+/// Owns a file descriptor and closes it at its end; a negative one stands for none.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1) : number_(number) {}
+    ~Descriptor() { reset(); }
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        if (this != &other) {
+            reset();
+            number_ = std::exchange(other.number_, -1);
+        }
+        return *this;
     }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
 
-    const int value;
+    [[nodiscard]] int get() const { return number_; }
+    [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+
+private:
+    void reset() {
+        if (isOpen()) close(number_);
+        number_ = -1;
+    }
+
+    int number_;
 };
 
 }  // namespace zev

@@ -36,12 +36,12 @@ FileContent readRegularFile(const std::string& path) {
     };
     if (static_cast<std::size_t>(status.st_size) > mostBytes) return tooLarge();
     const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (file.value < 0) return problemOf(errno);
+    if (!file.isOpen()) return problemOf(errno);
 
     FileContent content;
     std::array<char, 1 << 16> block;
     for (;;) {
-        const ssize_t size = read(file.value, block.data(), block.size());
+        const ssize_t size = read(file.get(), block.data(), block.size());
         if (size == 0) return content;
         if (size < 0 && errno != EINTR) return problemOf(errno);
         if (size > 0) content.bytes.append(block.data(), static_cast<std::size_t>(size));

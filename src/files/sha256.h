@@ -1,12 +1,26 @@
 #pragma once
 
+#include <sha2.h>
+#include <sys/types.h>  // which the header of libmd needs first
+
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace zev {
 
-/// The SHA-256 of bytes, FIPS 180-4, as 64 hexadecimal digits in lower case.
+/// SHA-256, FIPS 180-4, of bytes that come piece by piece.
+class Sha256 {
+public:
+    Sha256() { SHA256Init(&context_); }
+    void add(std::string_view bytes);
+    /// 64 hexadecimal digits in lower case; comes last.
+    [[nodiscard]] std::string digits();
+
+private:
+    SHA2_CTX context_;
+};
+
 [[nodiscard]] std::string sha256(std::string_view bytes);
 
 struct FileSum {

@@ -153,6 +153,7 @@ TEST(Check, namesKindsAndLossesForPrograms) {
     const std::string shown = set.check({"--pages"});
     EXPECT_NE(shown.find("\nru: KOI8-R loses 4 (\u2014 U+00AD \u20AC), ISO-8859-5 loses "), shown.npos) << shown;
     EXPECT_NE(shown.find("\nen: US-ASCII loses nothing\n"), shown.npos) << shown;
+    EXPECT_NE(shown.find("\nzh: GB2312 loses nothing, GBK loses nothing, Big5 loses "), shown.npos) << shown;
     const auto report = nlohmann::json::parse(runLicenses({"check", set.path("set"), "--json", "--pages"}).out);
     std::string kinds;
     for (const auto& finding : report["findings"]) kinds += finding["kind"].get<std::string>() + " ";

@@ -1,9 +1,15 @@
 #include <gtest/gtest.h>
 #include <unicode/regex.h>
 
+#include <algorithm>
+#include <array>
+
 #include "app/run_options.h"
 #include "authoring/language_profile.h"
+#include "authoring/shown_language.h"
 #include "console/code_page_loss.h"
+#include "console/license_dialog.h"
+#include "console/screens.h"
 #include "lang/environment_locale.h"
 #include "lang/language_table.h"
 #include "lang/locale_choice.h"
@@ -24,6 +30,9 @@ std::vector<icu::UnicodeString> textsOf(const char* code) {
             r.CLICONTMSG_KEY(),     r.CLICFMMSG_KEY(),   r.CLIACCMSG_KEY(),  r.NUMERIC2_KEY(),     r.NUMERIC3_KEY(),
             r.PRINTERRMSG_KEY(),    r.LANGNAME_KEY(),    r.NONVURTERMS_KEY()};
 }
+
+/// The slots that the console uses.
+constexpr std::array shownSlots{6U, 15U, 16U, 17U, 20U, 21U, 22U};
 
 bool isFound(const icu::UnicodeString& pattern, const icu::UnicodeString& text) {
     UErrorCode status = U_ZERO_ERROR;
@@ -74,9 +83,47 @@ TEST(Catalogue, showsItselfInEveryCodePageOfItsLanguage) {
     for (const auto& [code, name] : languages()) {
         const auto texts = textsOf(code);
         for (const char* codePage : profileOf(code).codePages) {
-            for (const unsigned slot : {6U, 15U, 16U, 17U, 20U, 21U, 22U}) {
+            for (const unsigned slot : shownSlots) {
                 EXPECT_EQ(lossIn(codePage, texts[slot].unescape()).list(), "") << code << codePage;
             }
+        }
+    }
+}
+
+TEST(Catalogue, joinsNumbersAndOneLetterWordsToWhatFollowsThem) {
+    const auto hasNoBreakSpace = [](const char* codePage) { return lossIn(codePage, u"\u00A0").count() == 0; };
+    for (const auto& [code, name] : languages()) {
+        const bool joinsNumbers = std::ranges::all_of(profileOf(code).codePages, hasNoBreakSpace);
+        const bool joinsLetters = isFound(u"cs|pl|sl", code);
+        const auto texts = textsOf(code);
+        for (const unsigned slot : shownSlots) {
+            const auto text = texts[slot].unescape();
+            EXPECT_FALSE(joinsNumbers && isFound(u"\"\\d+\" ", text)) << code << slot;
+            EXPECT_FALSE(joinsLetters && isFound(u"\\b\\p{L} ", text)) << code << slot;
+        }
+    }
+}
+
+TEST(Catalogue, endsNoLineOfAPromptInANumberOrInsideALabelAtEightyColumns) {
+    const Sandbox sandbox;
+    const auto expectWhole = [](LicenseDialog& dialog) {
+        const auto screens = Screens::layOut(dialog, u"text");
+        for (const TextLines* prompt : {&screens->endPrompt(), &screens->confirmation(), &screens->continuePrompt()}) {
+            for (std::size_t i = 0; i < prompt->size(); ++i) {
+                std::string line;
+                lineOf(*prompt, i).toUTF8String(line);
+                EXPECT_FALSE(isFound(u"\"\\d+\" *\\p{Hangul}*\n\\z", lineOf(*prompt, i))) << line;
+            }
+        }
+    };
+    for (const bool hasOtherTerms : {false, true}) {
+        if (hasOtherTerms) sandbox.write("licenses/non_vur_license", "");
+        for (const auto& [code, name] : languages()) {
+            RunContext context = createRunContext(sandbox.path("licenses"), "", 4);
+            ASSERT_TRUE(setLocale(context, code));
+            LicenseDialog dialog(context);
+            expectWhole(dialog);
+            if (toggleLanguage(dialog)) expectWhole(dialog);  // in English, beside the name of this language
         }
     }
 }

@@ -35,25 +35,26 @@ constinit const CatalogueTexts cs{
         u"8. Španìlština\n"
         u"9. Tureètina\n">,
     .CLILANGMSG_KEY = escaped<u"Zadejte číslo odpovídající jazyku, který si přejete pou\u009Eívat.\n">,
-    .CLITITLE_KEY = escaped<u"Licenční smlouva o užívání softwaru">,
+    .CLITITLE_KEY = escaped<u"Licenční smlouva o\u00A0užívání softwaru">,
     .CLIINTROMSG_KEY = escaped<
         u"Stisknutím klávesy Enter zobrazíte licenční smlouvu na va\u009Aí obrazovce. Před instalací Programu si "
         u"smlouvu pečlivě přečtěte. Po přečtení smlouvy budete mít mo\u009Enost ji přijmout, nebo odmítnout. Pokud se "
         u"rozhodnete smlouvu odmítnout, instalace nebude dokončena a Program nebudete moci pou\u009Eívat.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Stiskněte klávesu Enter, chcete-li pokračovat v prohlížení licenční smlouvy, nebo zadejte jedno z těchto "
-        u"čísel: \"1\" Přijmout smlouvu, \"2\" Odmítnout smlouvu, \"99\" Vrátit se na předchozí obrazovku.\n">,
+        u"Stiskněte klávesu Enter, chcete-li pokračovat v\u00A0prohlížení licenční smlouvy, nebo zadejte jedno "
+        u"z\u00A0těchto čísel: \"1\"\u00A0Přijmout smlouvu, \"2\"\u00A0Odmítnout smlouvu, \"99\"\u00A0Vrátit se na "
+        u"předchozí obrazovku.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Rozhodli jste se licenční smlouvu odmítnout. Instalace Programu bude ukončena. Pokud licenční smlouvu "
-        u"opravdu chcete odmítnout, potvrďte to opětovným zadáním čísla \"2\". V opačném případě zadejte \"1\", "
+        u"opravdu chcete odmítnout, potvrďte to opětovným zadáním čísla \"2\". V\u00A0opačném případě zadejte \"1\", "
         u"chcete-li licenční smlouvu přijmout, nebo stiskněte klávesu Enter, chcete-li pokračovat ve čtení smlouvy.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"Dokončili jste prohlížení licenční smlouvy. Zadejte \"1\", chcete-li smlouvu přijmout, nebo \"2\", "
-        u"chcete-li ji odmítnout. Pokud se rozhodnete smlouvu odmítnout, instalace nebude dokončena a Program "
-        u"nebudete moci používat.\n">,
+        u"Dokončili jste prohlížení licenční smlouvy. Zadejte \"1\", chcete-li smlouvu přijmout, nebo \"2\", chcete-li "
+        u"ji odmítnout. Pokud se rozhodnete smlouvu odmítnout, instalace nebude dokončena a\u00A0Program nebudete moci "
+        u"používat.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
-    .PRINTERRMSG_KEY = escaped<u"Došlo k chybě tiskárny. Licenční smlouva nebude vytištěna.">,
+    .PRINTERRMSG_KEY = escaped<u"Došlo k\u00A0chybě tiskárny. Licenční smlouva nebude vytištěna.">,
     .LANGNAME_KEY = escaped<u"Čeština">,
     .NONVURTERMS_KEY = escaped<u"Přečíst podmínky jiných stran než společnosti VUR">,
 };

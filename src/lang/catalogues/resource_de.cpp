@@ -41,16 +41,16 @@ constinit const CatalogueTexts de{
         u"Installation nicht abgeschlossen und Sie können das Programm nicht verwenden.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Drücken Sie die Eingabetaste, um die Lizenzvereinbarung weiter anzuzeigen, oder geben Sie eine der folgenden "
-        u"Zahlen ein: \"1\" Vereinbarung annehmen, \"2\" Vereinbarung ablehnen, \"99\" Zur vorherigen "
+        u"Zahlen ein: \"1\"\u00A0Vereinbarung annehmen, \"2\"\u00A0Vereinbarung ablehnen, \"99\"\u00A0Zur vorherigen "
         u"Bildschirmseite zurückkehren.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Sie haben sich entschieden, die Lizenzvereinbarung abzulehnen. Die Installation des Programms wird "
         u"abgebrochen. Wenn Sie sicher sind, dass Sie die Lizenzvereinbarung ablehnen möchten, geben Sie zur "
-        u"Bestätigung erneut \"2\" ein. Andernfalls geben Sie \"1\" ein, um die Lizenzvereinbarung anzunehmen, oder "
-        u"drücken Sie die Eingabetaste, um die Vereinbarung weiterzulesen.\n">,
+        u"Bestätigung erneut \"2\"\u00A0ein. Andernfalls geben Sie \"1\"\u00A0ein, um die Lizenzvereinbarung "
+        u"anzunehmen, oder drücken Sie die Eingabetaste, um die Vereinbarung weiterzulesen.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"Die Lizenzvereinbarung wurde vollständig angezeigt. Geben Sie \"1\" ein, um die Vereinbarung anzunehmen, "
-        u"oder \"2\", um sie abzulehnen. Wenn Sie die Vereinbarung ablehnen, wird die Installation nicht "
+        u"Die Lizenzvereinbarung wurde vollständig angezeigt. Geben Sie \"1\"\u00A0ein, um die Vereinbarung "
+        u"anzunehmen, oder \"2\", um sie abzulehnen. Wenn Sie die Vereinbarung ablehnen, wird die Installation nicht "
         u"abgeschlossen und Sie können das Programm nicht verwenden.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,

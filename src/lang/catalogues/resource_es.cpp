@@ -38,15 +38,17 @@ constinit const CatalogueTexts es{
         u"instalar el Programa. Una vez leído el contrato, tendrá la posibilidad de aceptarlo o rechazarlo. Si decide "
         u"rechazar el contrato, la instalación no se completará y usted no podrá utilizar el Programa.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Pulse Intro para seguir viendo el contrato de licencia o escriba uno de los números siguientes: \"1\" "
-        u"Aceptar el contrato, \"2\" Rechazar el contrato, \"99\" Volver a la pantalla anterior.\n">,
+        u"Pulse Intro para seguir viendo el contrato de licencia o escriba uno de los números siguientes: "
+        u"\"1\"\u00A0Aceptar el contrato, \"2\"\u00A0Rechazar el contrato, \"99\"\u00A0Volver a la pantalla "
+        u"anterior.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Ha decidido rechazar el contrato de licencia. La instalación del Programa se cancelará. Si tiene la certeza "
-        u"de que desea rechazar el contrato de licencia, escriba \"2\" de nuevo para confirmar. De lo contrario, "
-        u"escriba \"1\" para aceptar el contrato de licencia o pulse Intro para seguir leyendo el contrato.\n">,
+        u"de que desea rechazar el contrato de licencia, escriba \"2\"\u00A0de nuevo para confirmar. De lo contrario, "
+        u"escriba \"1\"\u00A0para aceptar el contrato de licencia o pulse Intro para seguir leyendo el contrato.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"Ha terminado de ver el contrato de licencia. Escriba \"1\" para aceptar el contrato o \"2\" para rechazarlo. "
-        u"Si decide rechazar el contrato, la instalación no se completará y usted no podrá utilizar el Programa.\n">,
+        u"Ha terminado de ver el contrato de licencia. Escriba \"1\"\u00A0para aceptar el contrato o \"2\"\u00A0para "
+        u"rechazarlo. Si decide rechazar el contrato, la instalación no se completará y usted no podrá utilizar el "
+        u"Programa.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Se ha producido un error de impresora. El contrato de licencia no se imprimirá.">,

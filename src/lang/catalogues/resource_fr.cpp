@@ -41,15 +41,17 @@ constinit const CatalogueTexts fr{
         u"pourrez pas utiliser le Programme.\n">,
     .CLICONTMSG_KEY = escaped<
         u"Appuyez sur Entrée pour poursuivre la consultation du contrat de licence ou saisissez l'un des numéros "
-        u"suivants\u00A0: \"1\" Accepter le contrat, \"2\" Refuser le contrat, \"99\" Revenir à l'écran précédent.\n">,
+        u"suivants\u00A0: \"1\"\u00A0Accepter le contrat, \"2\"\u00A0Refuser le contrat, \"99\"\u00A0Revenir à l'écran "
+        u"précédent.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Vous avez choisi de refuser le contrat de licence. Il sera mis fin à l'installation du Programme. Si vous "
-        u"voulez vraiment refuser le contrat de licence, saisissez de nouveau \"2\" pour confirmer. Sinon, saisissez "
-        u"\"1\" pour accepter le contrat de licence, ou appuyez sur Entrée pour poursuivre la lecture du contrat.\n">,
+        u"voulez vraiment refuser le contrat de licence, saisissez de nouveau \"2\"\u00A0pour confirmer. Sinon, "
+        u"saisissez \"1\"\u00A0pour accepter le contrat de licence, ou appuyez sur Entrée pour poursuivre la lecture "
+        u"du contrat.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"Vous avez terminé la consultation du contrat de licence. Saisissez \"1\" pour accepter le contrat ou \"2\" "
-        u"pour le refuser. Si vous choisissez de refuser le contrat, l'installation ne sera pas menée à son terme et "
-        u"vous ne pourrez pas utiliser le Programme.\n">,
+        u"Vous avez terminé la consultation du contrat de licence. Saisissez \"1\"\u00A0pour accepter le contrat ou "
+        u"\"2\"\u00A0pour le refuser. Si vous choisissez de refuser le contrat, l'installation ne sera pas menée à son "
+        u"terme et vous ne pourrez pas utiliser le Programme.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Une erreur d'imprimante s'est produite. Le contrat de licence ne sera pas imprimé.">,

@@ -40,18 +40,18 @@ constinit const CatalogueTexts it{
         u"contratto. Se si sceglie di rifiutare il contratto, l'installazione non verrà completata e non sarà "
         u"possibile utilizzare il Programma.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Premere Invio per continuare a visualizzare il contratto di licenza oppure digitare uno dei numeri "
-        u"seguenti: \"1\" Accetta il contratto, \"2\" Rifiuta il contratto, \"99\" Torna alla schermata "
+        u"Premere Invio per continuare a visualizzare il contratto di licenza oppure digitare uno dei numeri seguenti: "
+        u"\"1\"\u00A0Accetta il contratto, \"2\"\u00A0Rifiuta il contratto, \"99\"\u00A0Torna alla schermata "
         u"precedente.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Si è scelto di rifiutare il contratto di licenza. L'installazione del Programma verrà interrotta. Se si è "
-        u"certi di voler rifiutare il contratto di licenza, digitare di nuovo \"2\" per confermare. In caso contrario, "
-        u"digitare \"1\" per accettare il contratto di licenza oppure premere Invio per continuare a leggere il "
-        u"contratto.\n">,
+        u"certi di voler rifiutare il contratto di licenza, digitare di nuovo \"2\"\u00A0per confermare. In caso "
+        u"contrario, digitare \"1\"\u00A0per accettare il contratto di licenza oppure premere Invio per continuare a "
+        u"leggere il contratto.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"La visualizzazione del contratto di licenza è terminata. Digitare \"1\" per accettare il contratto o \"2\" "
-        u"per rifiutarlo. Se si sceglie di rifiutare il contratto, l'installazione non verrà completata e non sarà "
-        u"possibile utilizzare il Programma.\n">,
+        u"La visualizzazione del contratto di licenza è terminata. Digitare \"1\"\u00A0per accettare il contratto o "
+        u"\"2\"\u00A0per rifiutarlo. Se si sceglie di rifiutare il contratto, l'installazione non verrà completata e "
+        u"non sarà possibile utilizzare il Programma.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<

@@ -26,7 +26,8 @@ constinit const CatalogueTexts lt{
     .CLIINTROMSG_KEY = escaped<u"UNUSED">,
     .CLICONTMSG_KEY = escaped<
         u"Paspauskite klavišą Enter, jei norite toliau peržiūrėti licencinę sutartį, arba įveskite pasirinktos "
-        u"parinkties numerį: \"1\" Priimti sutartį, \"2\" Atmesti sutartį, \"99\" Grįžti į ankstesnį ekraną.\n">,
+        u"parinkties numerį: \"1\"\u00A0Priimti sutartį, \"2\"\u00A0Atmesti sutartį, \"99\"\u00A0Grįžti į ankstesnį "
+        u"ekraną.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Pasirinkote atmesti licencinę sutartį. Programos diegimas bus nutrauktas. Jei tikrai norite atmesti "
         u"licencinę sutartį, patvirtinkite tai, dar kartą įvesdami \"2\". Kitu atveju įveskite \"1\", jei norite "

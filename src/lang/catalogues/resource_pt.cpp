@@ -31,23 +31,23 @@ constinit const CatalogueTexts pt{
         u"7. Português\n"
         u"8. Espanhol\n"
         u"9. Turco\n">,
-    .CLILANGMSG_KEY = escaped<u"Digite o número correspondente ao idioma preferido.\n">,
+    .CLILANGMSG_KEY = escaped<u"Insira o número correspondente ao idioma preferido.\n">,
     .CLITITLE_KEY = escaped<u"Contrato de licença de software">,
     .CLIINTROMSG_KEY = escaped<
         u"Pressione Enter para visualizar o contrato de licença no monitor. Leia atentamente o contrato antes de "
         u"instalar o Programa. Após a leitura, será possível aceitar ou recusar o contrato. Se optar por recusar o "
         u"contrato, a instalação não será concluída e não será possível utilizar o Programa.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Pressione Enter para continuar a visualização do contrato de licença ou digite um dos números seguintes: "
-        u"\"1\" Aceitar o contrato, \"2\" Recusar o contrato, \"99\" Voltar à página anterior.\n">,
+        u"Pressione Enter para continuar a visualização do contrato de licença ou insira um dos números seguintes: "
+        u"\"1\"\u00A0Aceitar o contrato, \"2\"\u00A0Recusar o contrato, \"99\"\u00A0Voltar à página anterior.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Optou por recusar o contrato de licença. A instalação do Programa será cancelada. Se realmente deseja "
-        u"recusar o contrato de licença, digite \"2\" novamente para confirmar. Caso contrário, digite \"1\" para "
-        u"aceitar o contrato de licença ou pressione Enter para continuar a leitura do contrato.\n">,
+        u"recusar o contrato de licença, insira \"2\"\u00A0novamente para confirmar. Caso contrário, insira "
+        u"\"1\"\u00A0para aceitar o contrato de licença ou pressione Enter para continuar a leitura do contrato.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"A visualização do contrato de licença foi concluída. Digite \"1\" para aceitar o contrato ou \"2\" para "
-        u"recusá-lo. Se optar por recusar o contrato, a instalação não será concluída e não será possível utilizar o "
-        u"Programa.\n">,
+        u"A visualização do contrato de licença foi concluída. Insira \"1\"\u00A0para aceitar o contrato ou "
+        u"\"2\"\u00A0para recusá-lo. Se optar por recusar o contrato, a instalação não será concluída e não será "
+        u"possível utilizar o Programa.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Ocorreu um erro na impressora. O contrato de licença não será impresso.">,

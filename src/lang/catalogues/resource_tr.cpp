@@ -37,15 +37,16 @@ constinit const CatalogueTexts tr{
         u"sözleşmeyi dikkatle okuyun. Sözleşmeyi okuduktan sonra size sözleşmeyi kabul etme veya reddetme olanağı "
         u"sunulacaktır. Sözleşmeyi reddetmeyi seçerseniz kurulum tamamlanmayacak ve Program'ı kullanamayacaksınız.\n">,
     .CLICONTMSG_KEY = escaped<
-        u"Lisans sözleşmesini görüntülemeye devam etmek için Enter tuşuna basın veya bir numara girin: \"1\" "
-        u"Sözleşmeyi kabul et, \"2\" Sözleşmeyi reddet, \"99\" Önceki ekrana dön.\n">,
+        u"Lisans sözleşmesini görüntülemeye devam etmek için Enter tuşuna basın veya bir numara girin: "
+        u"\"1\"\u00A0Sözleşmeyi kabul et, \"2\"\u00A0Sözleşmeyi reddet, \"99\"\u00A0Önceki ekrana dön.\n">,
     .CLICFMMSG_KEY = escaped<
         u"Lisans sözleşmesini reddetmeyi seçtiniz. Program kurulumu sonlandırılacaktır. Lisans sözleşmesini reddetmek "
-        u"istediğinizden eminseniz bunu onaylamak için yeniden \"2\" girin. Aksi takdirde lisans sözleşmesini kabul "
-        u"etmek için \"1\" girin veya sözleşmeyi okumaya devam etmek için Enter tuşuna basın.\n">,
+        u"istediğinizden eminseniz bunu onaylamak için yeniden \"2\"\u00A0girin. Aksi takdirde lisans sözleşmesini "
+        u"kabul etmek için \"1\"\u00A0girin veya sözleşmeyi okumaya devam etmek için Enter tuşuna basın.\n">,
     .CLIACCMSG_KEY = escaped<
-        u"Lisans sözleşmesini görüntülemeyi tamamladınız. Sözleşmeyi kabul etmek için \"1\", reddetmek için \"2\" "
-        u"girin. Sözleşmeyi reddetmeyi seçerseniz kurulum tamamlanmayacak ve Program'ı kullanamayacaksınız.\n">,
+        u"Lisans sözleşmesini görüntülemeyi tamamladınız. Sözleşmeyi kabul etmek için \"1\", reddetmek için "
+        u"\"2\"\u00A0girin. Sözleşmeyi reddetmeyi seçerseniz kurulum tamamlanmayacak ve Program'ı "
+        u"kullanamayacaksınız.\n">,
     .NUMERIC2_KEY = escaped<u"10">,
     .NUMERIC3_KEY = escaped<u"16">,
     .PRINTERRMSG_KEY = escaped<u"Bir yazıcı hatası oluştu. Lisans sözleşmesi yazdırılmayacaktır.">,

@@ -1,0 +1,193 @@
+#include "consent/audit.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <sstream>
+
+#include "consent/store.h"
+#include "consent/terms.h"
+#include "files/directory_at.h"
+#include "files/license_text_set.h"
+#include "files/paths.h"
+#include "files/sha256.h"
+#include "lang/language_table.h"
+
+namespace zev {
+
+namespace {
+
+constexpr const char* statusName = "status.dat";
+constexpr const char* copySuffix = ".txt";
+
+/// The copies that zev makes of a licence directory, in UTF-8.
+struct Copies {
+    std::string fingerprint;
+    std::map<std::string, std::string> sums;  ///< by the name of the copy
+};
+
+Copies copiesOf(const Terms& terms, int languageSet) {
+    Copies copies{terms.fingerprint(), {}};
+    for (const LanguageEntry& language : languagesOfSet(languageSet)) {
+        copies.sums[std::string(language.englishName) + copySuffix] = sha256(terms.textInUtf8(language.code));
+    }
+    for (const char* name : {nonVurTermsName, noticesName}) {
+        if (terms.has(name)) copies.sums[std::string(name) + copySuffix] = sha256(terms.fileInUtf8(name));
+    }
+    return copies;
+}
+
+/// The audit of one state directory.
+class StateAudit {
+public:
+    StateAudit(const AuditCall& call, const std::optional<Copies>& copies, std::string path)
+        : call_(call), copies_(copies), path_(std::move(path)), state_(openDirectory(path_)) {}
+
+    std::vector<AuditRow> rows() {
+        struct stat status {};
+        std::vector<std::string> names;
+        if (!state_.isOpen() && errno == ENOENT) return {notAccepted({})};
+        if (!state_.isOpen() || fstat(state_.get(), &status) != 0 || !listAt(state_.get(), names)) {
+            return {{{}, "INCOMPLETE", path_}};
+        }
+        // That of a group has records of any of its members.
+        const bool isGroups = (status.st_mode & S_IWGRP) != 0;
+        owners_ = isGroups ? Owners::anyOne() : Owners::ofState(status);
+        for (const std::string& name : names) {
+            if (call_.product.empty() || name == call_.product) addProduct(name);
+        }
+        if (call_.product.empty()) {
+            addBare(state_.get(), copiesName, joinPath(path_, copiesName));
+            addBare(state_.get(), ".", path_);
+        }
+        if (!hasExpected()) rows_.push_back(notAccepted(rows_.empty() ? Fields{} : rows_.front().fields));
+        return std::move(rows_);
+    }
+
+private:
+    static Descriptor openDirectory(const std::string& path) {
+        return Descriptor(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    }
+
+    [[nodiscard]] AuditRow notAccepted(const Fields& like) const {
+        AuditRow row{{}, "NOT ACCEPTED", path_};
+        if (like.contains("product")) row.fields["product"] = like.at("product");
+        if (!call_.product.empty()) row.fields["product"] = call_.product;
+        if (!call_.expected.empty()) row.fields["terms"] = call_.expected;
+        return row;
+    }
+
+    [[nodiscard]] bool hasExpected() const {
+        if (call_.expected.empty()) return !rows_.empty();
+        return std::ranges::any_of(rows_, [&](const AuditRow& row) {
+            return row.state == auditOk && row.fields.at("terms").starts_with(call_.expected);
+        });
+    }
+
+    void addProduct(const std::string& name) {
+        std::vector<std::string> entries;
+        const Descriptor product = openDirectoryAt(state_.get(), name);
+        if (!product.isOpen() || !listAt(product.get(), entries)) return;
+        for (const std::string& entry : entries) {
+            if (isFingerprint(entry)) addRecord(product.get(), name, entry);
+        }
+    }
+
+    void addRecord(int product, const std::string& name, const std::string& fingerprint) {
+        const std::string path = joinPath(joinPath(path_, name), fingerprint);
+        Record record = judgeRecord(product, name, fingerprint, *owners_);
+        if (record.fields.empty()) record.fields = {{"product", name}, {"terms", fingerprint}};
+        std::string state = auditOk;
+        if (record.state == RecordState::changed) {
+            state = "COPIES CHANGED";
+        } else if (record.state != RecordState::whole) {
+            state = "INCOMPLETE";
+        } else if (copies_ && copies_->fingerprint == fingerprint && !hasCopies(product, fingerprint)) {
+            state = "COPIES CHANGED";
+        }
+        rows_.push_back({record.fields, state, path});
+        if (record.state == RecordState::whole) addVersions(product, rows_.back());
+    }
+
+    /// The versions that came with these terms later: nobody was asked any more.
+    void addVersions(int product, const AuditRow& record) {
+        std::string lines, ignored;
+        Owners owners = *owners_;
+        const std::string& fingerprint = record.fields.at("terms");
+        if (!readOwned(product, fingerprint + logSuffix, mostOfCopy, owners, lines, ignored)) return;
+        std::istringstream log(lines);
+        AuditRow row = record;
+        row.fields["mode"] = "log";
+        for (std::string line; std::getline(log, line);) {
+            const auto first = line.find('\t'), second = line.find('\t', first + 1);
+            if (first == std::string::npos || second == std::string::npos) continue;
+            row.fields["accepted"] = line.substr(0, first);
+            row.fields["version"] = line.substr(first + 1, second - first - 1);
+            row.fields["who"] = line.substr(second + 1);
+            rows_.push_back(row);
+        }
+    }
+
+    /// Whether the copies in a directory of a record, or of zev itself, are those of the licence directory.
+    [[nodiscard]] bool areCopies(const Descriptor& directory) const {
+        std::vector<std::string> names;
+        std::map<std::string, std::string> sums;
+        if (!directory.isOpen() || !listAt(directory.get(), names)) return false;
+        for (const std::string& name : names) {
+            std::string ignored;
+            Owners owners = *owners_;
+            if (!name.ends_with(copySuffix)) continue;
+            if (!hashOwned(directory.get(), name, owners, sums[name], ignored)) return false;
+        }
+        return sums == copies_->sums;
+    }
+
+    [[nodiscard]] bool hasCopies(int product, const std::string& fingerprint) const {
+        return areCopies(openDirectoryAt(openDirectoryAt(product, fingerprint).get(), copiesName));
+    }
+
+    /// A status file of zev proves that someone accepted some text: not whose, which or when; its date is the last
+    /// run's.
+    void addBare(int parent, const std::string& name, const std::string& path) {
+        std::string bytes, ignored;
+        Owners owners = *owners_;
+        const Descriptor directory = openDirectoryAt(parent, name);
+        if (!directory.isOpen() || !readOwned(directory.get(), statusName, mostOfLines, owners, bytes, ignored)) return;
+        std::istringstream status(bytes);
+        std::string line, date;
+        while (std::getline(status, line) && (line.empty() || line.front() == '#')) {
+            if (date.empty() && !line.empty()) date = line.substr(1);
+        }
+        if (line != "Status=9") return;
+        AuditRow row{{{"accepted", date}}, "no record", path};
+        if (copies_ && areCopies(directory)) row.fields["terms"] = copies_->fingerprint;
+        rows_.push_back(std::move(row));
+    }
+
+    const AuditCall& call_;
+    const std::optional<Copies>& copies_;
+    std::string path_;
+    Descriptor state_;
+    std::optional<Owners> owners_;
+    std::vector<AuditRow> rows_;
+};
+
+}  // namespace
+
+bool audit(const AuditCall& call, std::vector<AuditRow>& rows, std::string& problem) {
+    std::optional<Copies> copies;
+    if (!call.licenses.empty()) {
+        const Terms terms = Terms::read(call.licenses, call.languageSet, problem);
+        if (!problem.empty()) return false;
+        copies = copiesOf(terms, call.languageSet);
+    }
+    for (const std::string& state : call.states) {
+        std::ranges::move(StateAudit(call, copies, state).rows(), std::back_inserter(rows));
+    }
+    return true;
+}
+
+}  // namespace zev

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/run_options.h"
+
+namespace zev {
+
+struct AskCall {
+    enum class Action { ask, fingerprint, show, version } action = Action::ask;
+    std::string product, version, licenses, state, master, accept, expected, language, note;
+    bool choosesLanguage = false;
+    int languageSet = defaultLanguageSet;
+    int waitSeconds = 1800;  ///< 0 stands for ever
+};
+
+struct AuditCall {
+    enum class Form { table, tsv, json } form = Form::table;
+    bool showsVersion = false;
+    std::string expected, product, licenses;
+    int languageSet = defaultLanguageSet;
+    std::vector<std::string> states;
+};
+
+/// What --accept takes for every text, and what says yes without saying to what.
+inline constexpr const char* acceptAny = "any";
+[[nodiscard]] bool isBareAssent(const std::string& accept);
+
+/// Read a command line. Without a result, `status` is the exit status of the run: help was shown, or a wrong call was
+/// answered with a message. Texts of a call are in UTF-8, fingerprints in lower case.
+[[nodiscard]] std::optional<AskCall> readAskCall(int argc, char** argv, int& status);
+[[nodiscard]] std::optional<AuditCall> readAuditCall(int argc, char** argv, int& status);
+
+}  // namespace zev

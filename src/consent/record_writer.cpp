@@ -1,0 +1,75 @@
+#include "consent/record_writer.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "consent/terms.h"
+#include "files/directory_at.h"
+#include "files/license_copies.h"
+#include "files/paths.h"
+#include "lang/environment_locale.h"
+#include "lang/locale_choice.h"
+
+namespace zev {
+
+namespace {
+
+constexpr const char* termsDirectory = "terms";
+
+std::string failure() { return std::strerror(errno); }
+
+/// zev makes what other users cannot read.
+bool openToOthers(int directory) {
+    constexpr mode_t directoryMode = 0755, fileMode = 0644;
+    std::vector<std::string> names;
+    const Descriptor copies = openDirectoryAt(directory, copiesName);
+    if (!copies.isOpen() || !listAt(copies.get(), names)) return false;
+    for (const std::string& name : names) {
+        if (fchmodat(copies.get(), name.c_str(), fileMode, 0) != 0) return false;
+    }
+    return fchmod(copies.get(), directoryMode) == 0 && fchmod(directory, directoryMode) == 0;
+}
+
+}  // namespace
+
+bool writeTerms(const Terms& terms) {
+    constexpr mode_t mode = 0700;
+    if (mkdir(termsDirectory, mode) != 0) return false;
+    const Descriptor directory = openDirectoryAt(AT_FDCWD, termsDirectory);
+    for (const auto& [name, bytes] : terms.files()) {
+        if (!createFileAt(directory.get(), name, bytes)) return false;
+    }
+    return true;
+}
+
+RunContext contextOf(const std::string& language, int languageSet) {
+    RunContext context = createRunContext(termsDirectory, recordDirectory, languageSet);
+    if (!language.empty()) static_cast<void>(setLocale(context, localeNamed(language)));
+    return context;
+}
+
+std::string writeRecord(const Fields& fields, int languageSet) {
+    adoptLocale("C.UTF-8");
+    RunContext context = contextOf("", languageSet);
+    errno = 0;
+    if (!writeStatusFiles(context)) return "the copies of the terms cannot be written: " + failure();
+    const Descriptor record = openDirectoryAt(AT_FDCWD, recordDirectory);
+    if (!record.isOpen() || !openToOthers(record.get()) ||
+        !createFileAt(record.get(), acceptanceName, formatAcceptance(fields))) {
+        return failure();
+    }
+    std::string flaw;
+    struct stat own {};
+    if (fstat(record.get(), &own) != 0) return failure();
+    Owners owners = Owners::ofState(own);
+    const auto sums = sumsOf(record.get(), owners, flaw);
+    if (!sums) return flaw;
+    return createFileAt(record.get(), sumsName, *sums) ? "" : failure();
+}
+
+}  // namespace zev

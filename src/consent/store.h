@@ -1,0 +1,59 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "consent/record.h"
+#include "consent/trusted_path.h"
+
+namespace zev {
+
+inline constexpr const char* logSuffix = ".log";
+
+/// The records of one product in a state directory, or in the master directory of a group. Its functions return why
+/// something could not be done, and nothing on success.
+class Store {
+public:
+    Store(std::string path, DirectoryUse use, std::string product);
+
+    /// Opens the directory if it is there.
+    [[nodiscard]] std::string open();
+    /// The same, and creates it if it is not.
+    [[nodiscard]] std::string create();
+    [[nodiscard]] bool isOpen() const { return directory_.isOpen(); }
+    [[nodiscard]] int descriptor() const { return directory_.get(); }
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+    [[nodiscard]] Record find(const std::string& fingerprint) const;
+    /// The acceptance of other terms of the product that is the last one.
+    [[nodiscard]] std::optional<Fields> newestOther(const std::string& fingerprint) const;
+
+    /// Moves a record, the directory `name` of a scratch directory, to its place, after all of it has been brought to
+    /// the disk. Where another run was first, its record is as good.
+    [[nodiscard]] std::string publish(int scratch, const std::string& name, const std::string& fingerprint);
+
+    /// Makes a copy of a record of another store, in scratch of its own, and publishes it.
+    [[nodiscard]] std::string publishCopy(const Store& other, const std::string& fingerprint);
+
+    /// Notes that a version came with terms that were accepted before; once for each version.
+    [[nodiscard]] std::string logVersion(const std::string& fingerprint, const std::string& version,
+                                         const std::string& who) const;
+
+private:
+    [[nodiscard]] std::string take(TrustedDirectory found);
+    [[nodiscard]] Owners owners() const;
+    [[nodiscard]] Descriptor productDirectory() const;
+    [[nodiscard]] std::string openProductDirectory(Descriptor& product) const;
+    [[nodiscard]] std::string move(int scratch, const std::string& name, const std::string& fingerprint);
+
+    std::string path_;
+    DirectoryUse use_;
+    std::string product_;
+    Descriptor directory_;
+    struct stat status_ {};
+};
+
+/// Brings a record in a scratch directory to the disk.
+[[nodiscard]] bool syncRecord(int scratch, const std::string& name);
+
+}  // namespace zev

@@ -1,0 +1,213 @@
+#include "consent/way_out.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "files/directory_at.h"
+
+namespace zev {
+
+namespace {
+
+/// A directory of the run, reached through an own descriptor of its parent.
+struct Made {
+    int parent;
+    std::array<char, NAME_MAX + 1> name;
+};
+
+// Read by signal handlers, and changed only while signals are held.
+std::array<Made, 64> made;
+std::size_t madeCount = 0;
+std::array<Made, 2> scratches;  // in the state directory, and in the master directory
+std::size_t scratchCount = 0;
+
+int terminal = -1;
+termios settingsBefore;
+termios settingsOfRun;
+bool isTaken = false;
+
+bool isInForeground(int descriptor) { return tcgetpgrp(descriptor) == getpgrp(); }
+
+void setTerminal(const termios& settings) noexcept {
+    while (tcsetattr(terminal, TCSANOW, &settings) != 0 && errno == EINTR) {
+    }
+}
+
+bool keepName(Made& entry, int parent, const std::string& name) {
+    if (name.size() >= entry.name.size()) return false;
+    std::memcpy(entry.name.data(), name.c_str(), name.size() + 1);
+    entry.parent = fcntl(parent, F_DUPFD_CLOEXEC, 0);
+    return entry.parent != -1;
+}
+
+void removeScratches() noexcept {
+    while (scratchCount > 0) {
+        const Made& scratch = scratches[--scratchCount];
+        removeTreeAt(scratch.parent, scratch.name.data());
+        close(scratch.parent);
+    }
+}
+
+void removeMadeDirectories() noexcept {
+    while (madeCount > 0) {
+        const Made& directory = made[--madeCount];
+        unlinkat(directory.parent, directory.name.data(), AT_REMOVEDIR);
+        close(directory.parent);
+    }
+}
+
+void putRight() noexcept {
+    giveTerminalBack();
+    removeScratches();
+    removeMadeDirectories();
+}
+
+extern "C" void endBySignal(int signal) {
+    putRight();
+    // All signals wait while this runs; on return this one finds nothing that catches it.
+    std::signal(signal, SIG_DFL);
+    raise(signal);
+}
+
+/// In the background the terminal belongs to others.
+void takeAgain() noexcept {
+    if (terminal == -1 || !isInForeground(terminal)) return;
+    setTerminal(settingsOfRun);
+    isTaken = true;
+}
+
+extern "C" void suspend(int signal) {
+    const int error = errno;
+    giveTerminalBack();
+    struct sigaction before {};
+    struct sigaction standard {};
+    standard.sa_handler = SIG_DFL;
+    sigaction(signal, &standard, &before);
+    raise(signal);
+    sigset_t only, held;
+    sigemptyset(&only);
+    sigaddset(&only, signal);
+    sigprocmask(SIG_UNBLOCK, &only, &held);  // the run stops here
+    sigprocmask(SIG_SETMASK, &held, nullptr);
+    sigaction(signal, &before, nullptr);
+    takeAgain();
+    errno = error;
+}
+
+extern "C" void goOn(int) {
+    const int error = errno;
+    takeAgain();
+    errno = error;
+}
+
+/// A write to a closed pipe is an error like others, and not the end. Unlike one that is ignored, a signal that is
+/// caught is not handed on to print commands.
+extern "C" void doNothing(int) {}
+
+void handle(int signal, void (*handler)(int)) {
+    struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) return;
+    action.sa_handler = handler;
+    action.sa_flags = 0;
+    sigfillset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+/// Whatever a caller may have left so that no answer can be typed or read is set right.
+termios settingsForAnswers(termios settings) {
+    settings.c_iflag &= ~static_cast<tcflag_t>(INLCR | IGNCR | IUCLC | ISTRIP | PARMRK | IXOFF);
+    settings.c_iflag |= ICRNL;
+    settings.c_oflag &= ~static_cast<tcflag_t>(OLCUC | OCRNL | ONOCR | ONLRET | OFILL);
+    settings.c_oflag |= OPOST | ONLCR;
+    settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB);
+    settings.c_cflag |= CS8 | CREAD;
+    settings.c_lflag &= ~static_cast<tcflag_t>(ECHONL | XCASE | NOFLSH | TOSTOP | EXTPROC | FLUSHO);
+    settings.c_lflag |= ICANON | ISIG | ECHO | ECHOE | ECHOK | IEXTEN;
+    for (const int key : {VEOF, VEOL, VEOL2}) settings.c_cc[key] = _POSIX_VDISABLE;
+    return settings;
+}
+
+}  // namespace
+
+void catchSignals() {
+    for (int signal = 1; signal <= SIGRTMAX; ++signal) {
+        switch (signal) {
+            case SIGKILL:
+            case SIGSTOP:
+            case SIGCHLD:
+            case SIGURG:
+            case SIGWINCH:
+            case SIGTTIN:
+            case SIGTTOU: break;
+            case SIGTSTP: handle(signal, suspend); break;
+            case SIGCONT: handle(signal, goOn); break;
+            case SIGPIPE: handle(signal, doNothing); break;
+            default: handle(signal, endBySignal); break;
+        }
+    }
+}
+
+bool makeForRun(int parent, const std::string& name, mode_t mode) {
+    const SignalsHeld held;
+    if (madeCount == made.size()) {
+        errno = ENAMETOOLONG;
+        return false;
+    }
+    if (mkdirat(parent, name.c_str(), mode) != 0) return errno == EEXIST;
+    if (!keepName(made[madeCount], parent, name)) {
+        unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+        return false;
+    }
+    ++madeCount;
+    return true;
+}
+
+bool makeScratch(int parent, const std::string& name) {
+    constexpr mode_t mode = 0700;
+    const SignalsHeld held;
+    if (mkdirat(parent, name.c_str(), mode) != 0) return false;
+    if (scratchCount == scratches.size() || !keepName(scratches[scratchCount], parent, name)) {
+        unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+        return false;
+    }
+    ++scratchCount;
+    return true;
+}
+
+bool takeTerminal(int descriptor) {
+    // In the background, this stops the run until the terminal is free; where nothing can be stopped, it never will be.
+    constexpr int attempts = 3;
+    for (int attempt = 0; attempt < attempts && !isInForeground(descriptor); ++attempt) raise(SIGTTOU);
+    if (!isInForeground(descriptor)) return false;
+
+    const SignalsHeld held;
+    if (tcgetattr(descriptor, &settingsBefore) != 0) return false;
+    terminal = descriptor;
+    settingsOfRun = settingsForAnswers(settingsBefore);
+    setTerminal(settingsOfRun);
+    isTaken = true;
+    return true;
+}
+
+void giveTerminalBack() noexcept {
+    const SignalsHeld held;  // that of a write in the background among them
+    if (!isTaken) return;
+    isTaken = false;
+    // Of a run that was put into the background, the terminal is set by those in the foreground.
+    const pid_t foreground = tcgetpgrp(terminal);
+    if (foreground == -1 || foreground == getpgrp()) setTerminal(settingsBefore);
+}
+
+void leave() noexcept {
+    const SignalsHeld held;
+    putRight();
+    terminal = -1;
+}
+
+}  // namespace zev

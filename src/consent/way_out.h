@@ -1,0 +1,49 @@
+#pragma once
+
+#include <sys/types.h>
+#include <termios.h>
+
+#include <csignal>
+#include <string>
+
+/// Whatever must be put right at the end of a run, however it ends: the modes of the terminal, the scratch directory,
+/// the directories that were made for it. A signal does it in its handler, with async-signal-safe calls only, and then
+/// ends the process as it would have done.
+namespace zev {
+
+/// Keeps all signals waiting, so that none finds something done and not yet registered.
+class SignalsHeld {
+public:
+    SignalsHeld() {
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_BLOCK, &all, &before_);
+    }
+    ~SignalsHeld() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsHeld(const SignalsHeld&) = delete;
+    SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+private:
+    sigset_t before_{};
+};
+
+/// From here on, every signal that can be caught and was not ignored puts right what is registered, and then ends the
+/// run.
+void catchSignals();
+
+/// Creates a directory that goes with the run, unless something is in it then. False when it cannot be created, and is
+/// not there either.
+[[nodiscard]] bool makeForRun(int parent, const std::string& name, mode_t mode);
+
+/// Creates a directory of mode 0700 that goes with the run, with all that is in it.
+[[nodiscard]] bool makeScratch(int parent, const std::string& name);
+/// Takes a terminal: sets it so that every answer can be typed and read, whatever the caller left, with the end-of-file
+/// key off. A run in the background is stopped first until it comes to the foreground. Suspension gives the terminal
+/// back, and continuation takes it again. False when it cannot be set.
+[[nodiscard]] bool takeTerminal(int terminal);
+void giveTerminalBack() noexcept;
+
+/// Puts everything right: an end that no signal brings.
+void leave() noexcept;
+
+}  // namespace zev

@@ -1,0 +1,103 @@
+#include "files/directory_at.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+
+namespace zev {
+
+namespace {
+
+constexpr int openDirectory = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+bool isItselfOrParent(std::string_view name) { return name == "." || name == ".."; }
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { closedir(directory); }
+};
+
+/// What the kernel writes for an entry; readdir would allocate memory.
+struct RawEntry {
+    ino64_t inode;
+    off64_t offset;
+    unsigned short size;
+    unsigned char type;
+    char name[1];
+};
+
+/// Removes what it finds in one pass over a directory; whether that was anything.
+bool removeSomeIn(int directory) noexcept {
+    alignas(RawEntry) char entries[4096];
+    bool hasRemoved = false;
+    lseek(directory, 0, SEEK_SET);
+    for (long size; (size = syscall(SYS_getdents64, directory, entries, sizeof entries)) > 0;) {
+        for (long at = 0; at < size;) {
+            const auto* entry = reinterpret_cast<const RawEntry*>(entries + at);
+            at += entry->size;
+            const char* name = static_cast<const char*>(entry->name);
+            if (isItselfOrParent(name)) continue;
+            removeTreeAt(directory, name);
+            struct stat left {};
+            hasRemoved = fstatat(directory, name, &left, AT_SYMLINK_NOFOLLOW) != 0 || hasRemoved;
+        }
+    }
+    return hasRemoved;
+}
+
+}  // namespace
+
+Descriptor openDirectoryAt(int parent, const std::string& name) {
+    return Descriptor(openat(parent, name.c_str(), openDirectory));
+}
+
+bool listAt(int directory, std::vector<std::string>& names) {
+    const int own = openat(directory, ".", openDirectory);
+    const std::unique_ptr<DIR, CloseDirectory> entries(own != -1 ? fdopendir(own) : nullptr);
+    if (!entries) return false;
+    errno = 0;
+    while (const dirent* entry = readdir(entries.get())) {
+        const std::string name = static_cast<const char*>(entry->d_name);
+        if (!isItselfOrParent(name)) names.push_back(name);
+    }
+    std::ranges::sort(names);
+    return errno == 0;
+}
+
+bool writeAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) return false;
+        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool createFileAt(int directory, const std::string& name, std::string_view bytes) {
+    constexpr mode_t mode = 0644;
+    const Descriptor file(openat(directory, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    return file.isOpen() && fchmod(file.get(), mode) == 0 && writeAll(file.get(), bytes);
+}
+
+bool syncAt(int parent, const std::string& name) {
+    const Descriptor file(openat(parent, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.isOpen()) return false;
+    return fsync(file.get()) == 0 || errno == EINVAL;
+}
+
+void removeTreeAt(int parent, const char* name) noexcept {
+    if (unlinkat(parent, name, 0) == 0) return;
+    const int directory = openat(parent, name, openDirectory);
+    if (directory != -1) {
+        while (removeSomeIn(directory)) {
+        }
+        close(directory);
+    }
+    unlinkat(parent, name, AT_REMOVEDIR);
+}
+
+}  // namespace zev
