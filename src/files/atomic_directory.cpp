@@ -90,8 +90,8 @@ std::string writeFiles(int parent, const fs::path& directory, const DirectoryCon
 /// Fills a new directory. It gets the group and the mode of the one that it is to replace, so that the same people can
 /// use it; its files follow the group if the mode says so.
 std::string fill(int made, const fs::path& directory, const fs::path& replaced, const DirectoryContent& content) {
-    struct stat own {
-    }, old{};
+    struct stat own {};
+    struct stat old {};
     const bool replaces = stat(replaced.c_str(), &old) == 0;
     if (fstat(made, &own) != 0 || own.st_nlink == 0) return failure(directory, "is gone");
     if (replaces && own.st_gid != old.st_gid && fchown(made, static_cast<uid_t>(-1), old.st_gid) != 0) {
