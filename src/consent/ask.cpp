@@ -30,7 +30,7 @@ namespace zev {
 
 namespace {
 
-void warn(const std::string& message) { std::cerr << "zev-ask: " << message << std::endl; }
+void warn(const std::string& message) { std::cerr << "zev-ask: " << printableText(message) << std::endl; }
 
 int fail(const std::string& problem) {
     warn(problem);

@@ -61,7 +61,7 @@ void declare(CLI::App& app, AskCall& call) {
     constexpr int mostSeconds = 1'000'000;
     app.add_option("-p", call.product, "Product, such as rocket")->check(problemOfProduct, "PRODUCT");
     app.add_option("-v", call.version, "Its version, such as 2.0")->transform(CLI::Validator(takeText, "VERSION"));
-    app.add_option("-l", call.licenses, "Licence directory")->required()->type_name("LICENSES");
+    app.add_option("-l", call.licenses, "Licence directory")->type_name("LICENSES");
     app.add_option("-s", call.state, "State directory, which receives the record")->type_name("STATE");
     app.add_option("-m", call.master, "State directory of a group")->type_name("MASTER");
     app.add_option("--accept", call.accept, "Accept the terms of this fingerprint, or any, without a dialogue")
@@ -120,9 +120,12 @@ void takeFromEnvironment(const CLI::App& app, const char* option, const char* va
     if (!problem.empty()) throw CLI::ValidationError(variable, problem);
 }
 
-void requireWords(const CLI::App& app, const AskCall& call) {
-    for (const char* option : {"-p", "-v"}) {
-        if (call.action == AskCall::Action::ask && app.count(option) == 0) throw CLI::RequiredError(option);
+void requireOptions(const CLI::App& app, AskCall::Action action) {
+    std::vector<const char*> required;
+    if (action != AskCall::Action::version) required = {"-l"};
+    if (action == AskCall::Action::ask) required = {"-p", "-v", "-l"};
+    for (const char* option : required) {
+        if (app.count(option) == 0) throw CLI::RequiredError(option);
     }
 }
 
@@ -157,13 +160,8 @@ std::optional<AskCall> readAskCall(int argc, char** argv, int& status) {
     CLI::App app("Asks for the terms of a product, once for each version of the text, and records the answer.",
                  "zev-ask");
     declare(app, call);
-    // The version needs nothing else.
-    if (argc == 2 && std::string_view(argv[1]) == "--version") {
-        call.action = AskCall::Action::version;
-        return call;
-    }
     const bool isRead = parse(app, argc, argv, ask_status::failed, status, [&] {
-        requireWords(app, call);
+        requireOptions(app, call.action);
         takeFromEnvironment(app, "--accept", "ZEV_ACCEPT", call.accept, takeAcceptance);
         takeFromEnvironment(app, "--note", "ZEV_NOTE", call.note, takeText);
     });

@@ -106,15 +106,14 @@ bool Dialogue::isLegibleIn(const std::string& code, std::string& problem) const 
 /// parties.
 int32_t Dialogue::heightOfPages(ScreenSize size) const {
     const auto isWithoutText = [&](int32_t height) {
-        if (textLinesPerPage(height, 0) == 0) return true;
-        for (const icu::Locale& locale : {context_.locale, icu::Locale::getEnglish()}) {
-            RunContext own = createRunContext(context_.licenseDir, context_.statusDir, context_.languageSet);
-            static_cast<void>(setLocale(own, locale));
-            LicenseDialog dialog(own, {size.width, height});
+        RunContext own = createRunContext(context_.licenseDir, context_.statusDir, context_.languageSet);
+        static_cast<void>(setLocale(own, context_.locale));
+        LicenseDialog dialog(own, {size.width, height});
+        const auto hasNoLines = [&] {
             const auto screens = Screens::layOut(dialog, u".");
-            if (screens && screens->pageLines() == 0) return true;
-        }
-        return false;
+            return screens && screens->pageLines() == 0;
+        };
+        return textLinesPerPage(height, 0) == 0 || hasNoLines() || (toggleLanguage(dialog) && hasNoLines());
     };
     int32_t height = std::max(size.height, 1);
     while (height > 1 && isWithoutText(height)) --height;

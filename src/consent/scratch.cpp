@@ -29,11 +29,17 @@ std::string randomName() {
     return name;
 }
 
-/// Whether no run holds the lock of a scratch directory whose age is known.
-bool isLeftOver(int scratch, std::time_t age) {
+/// Whether a directory is scratch that this user's runs made, and that none of them holds locked any more. A lock that
+/// is missing was not made in time: then there is nothing else either.
+bool isLeftOver(int scratch) {
     constexpr std::time_t minute = 60, day = 24 * 60 * minute;
+    constexpr mode_t modeBits = 07777, mode = 0700;
+    struct stat status {};
+    if (fstat(scratch, &status) != 0 || status.st_uid != geteuid() || (status.st_mode & modeBits) != mode) return false;
+    const std::time_t age = std::time(nullptr) - status.st_mtime;
     const Descriptor lock(openat(scratch, lockName, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (!lock.isOpen()) return errno == ENOENT && age > minute;
+    std::vector<std::string> names;
+    if (!lock.isOpen()) return errno == ENOENT && age > minute && listAt(scratch, names) && names.empty();
     if (flock(lock.get(), LOCK_EX | LOCK_NB) == 0) return age > minute;
     return errno != EWOULDBLOCK && age > day;
 }
@@ -65,11 +71,11 @@ void clearLeftovers(int parent) {
     std::vector<std::string> names;
     if (!listAt(parent, names)) return;
     for (const std::string& name : names) {
-        struct stat status {};
         if (!name.starts_with(prefix)) continue;
         const Descriptor scratch = openDirectoryAt(parent, name);
-        if (!scratch.isOpen() || fstat(scratch.get(), &status) != 0 || status.st_uid != geteuid()) continue;
-        if (isLeftOver(scratch.get(), std::time(nullptr) - status.st_mtime)) removeTreeAt(parent, name.c_str());
+        if (!scratch.isOpen() || !isLeftOver(scratch.get())) continue;
+        emptyDirectory(scratch.get());
+        removeDirectoryAt(parent, name.c_str(), scratch.get());
     }
 }
 

@@ -56,7 +56,7 @@ Terms Terms::read(const std::string& directory, int languageSet, std::string& pr
             return terms;
         }
         if (hidesItsRest(decoded(content.bytes))) {
-            problem = joinPath(directory, name) + ": it has a U+0000 or U+FFFF, behind which nothing is shown";
+            problem = joinPath(directory, name) + ": it has a U+0000 or U+FFFF, after which nothing is shown";
             return terms;
         }
         sums.push_back({name, sha256(content.bytes)});

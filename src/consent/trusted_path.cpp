@@ -120,6 +120,7 @@ private:
         struct stat status {};
         if (fstat(current_.get(), &status) != 0) return cannot(shown, "opened");
         if (!S_ISDIR(status.st_mode)) return refuse(shown, "it is not a directory");
+        if (use_ == DirectoryUse::state && !isTrustedOwner(status.st_uid)) return refuse(shown, ownedBy(status.st_uid));
         owners_.push_back({shown, status.st_uid});
         const bool isGroups = use_ == DirectoryUse::master && steps_.empty();
         struct stat judged = status;
@@ -131,8 +132,7 @@ private:
     /// Comes last, since only then the owner of a master directory is known.
     [[nodiscard]] std::string checkOwners() const {
         for (const auto& [shown, owner] : owners_) {
-            const bool isMasters = use_ == DirectoryUse::master && owner == owners_.back().uid;
-            if (!isTrustedOwner(owner) && !isMasters) return refuse(shown, ownedBy(owner));
+            if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, ownedBy(owner));
         }
         return "";
     }

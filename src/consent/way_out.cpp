@@ -15,9 +15,10 @@ namespace zev {
 
 namespace {
 
-/// A directory of the run, reached through an own descriptor of its parent.
+/// A directory of the run, with an own descriptor of its parent and of itself.
 struct Made {
     int parent;
+    int directory;
     std::array<char, NAME_MAX + 1> name;
 };
 
@@ -39,27 +40,39 @@ void setTerminal(const termios& settings) noexcept {
     }
 }
 
-bool keepName(Made& entry, int parent, const std::string& name) {
-    if (name.size() >= entry.name.size()) return false;
+/// Creates a directory and registers it. On failure it is not there.
+bool make(Made& entry, int parent, const std::string& name, mode_t mode) {
+    if (name.size() >= entry.name.size()) {
+        errno = ENAMETOOLONG;
+        return false;
+    }
+    if (mkdirat(parent, name.c_str(), mode) != 0) return false;
     std::memcpy(entry.name.data(), name.c_str(), name.size() + 1);
     entry.parent = fcntl(parent, F_DUPFD_CLOEXEC, 0);
-    return entry.parent != -1;
+    entry.directory = openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (entry.parent != -1 && entry.directory != -1) return true;
+    const int error = errno;
+    unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+    errno = error;
+    return false;
+}
+
+void remove(const Made& entry) noexcept {
+    removeDirectoryAt(entry.parent, entry.name.data(), entry.directory);
+    close(entry.directory);
+    close(entry.parent);
 }
 
 void removeScratches() noexcept {
     while (scratchCount > 0) {
         const Made& scratch = scratches[--scratchCount];
-        removeTreeAt(scratch.parent, scratch.name.data());
-        close(scratch.parent);
+        emptyDirectory(scratch.directory);
+        remove(scratch);
     }
 }
 
 void removeMadeDirectories() noexcept {
-    while (madeCount > 0) {
-        const Made& directory = made[--madeCount];
-        unlinkat(directory.parent, directory.name.data(), AT_REMOVEDIR);
-        close(directory.parent);
-    }
+    while (madeCount > 0) remove(made[--madeCount]);
 }
 
 void putRight() noexcept {
@@ -159,11 +172,7 @@ bool makeForRun(int parent, const std::string& name, mode_t mode) {
         errno = ENAMETOOLONG;
         return false;
     }
-    if (mkdirat(parent, name.c_str(), mode) != 0) return errno == EEXIST;
-    if (!keepName(made[madeCount], parent, name)) {
-        unlinkat(parent, name.c_str(), AT_REMOVEDIR);
-        return false;
-    }
+    if (!make(made[madeCount], parent, name, mode)) return errno == EEXIST;
     ++madeCount;
     return true;
 }
@@ -171,11 +180,7 @@ bool makeForRun(int parent, const std::string& name, mode_t mode) {
 bool makeScratch(int parent, const std::string& name) {
     constexpr mode_t mode = 0700;
     const SignalsHeld held;
-    if (mkdirat(parent, name.c_str(), mode) != 0) return false;
-    if (scratchCount == scratches.size() || !keepName(scratches[scratchCount], parent, name)) {
-        unlinkat(parent, name.c_str(), AT_REMOVEDIR);
-        return false;
-    }
+    if (scratchCount == scratches.size() || !make(scratches[scratchCount], parent, name, mode)) return false;
     ++scratchCount;
     return true;
 }

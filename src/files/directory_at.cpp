@@ -30,6 +30,8 @@ struct RawEntry {
     char name[1];
 };
 
+void removeTreeAt(int parent, const char* name) noexcept;
+
 /// Removes what it finds in one pass over a directory; whether that was anything.
 bool removeSomeIn(int directory) noexcept {
     alignas(RawEntry) char entries[4096];
@@ -47,6 +49,15 @@ bool removeSomeIn(int directory) noexcept {
         }
     }
     return hasRemoved;
+}
+
+void removeTreeAt(int parent, const char* name) noexcept {
+    if (unlinkat(parent, name, 0) == 0) return;
+    const int directory = openat(parent, name, openDirectory);
+    if (directory == -1) return;
+    emptyDirectory(directory);
+    removeDirectoryAt(parent, name, directory);
+    close(directory);
 }
 
 }  // namespace
@@ -89,15 +100,16 @@ bool syncAt(int parent, const std::string& name) {
     return fsync(file.get()) == 0 || errno == EINVAL;
 }
 
-void removeTreeAt(int parent, const char* name) noexcept {
-    if (unlinkat(parent, name, 0) == 0) return;
-    const int directory = openat(parent, name, openDirectory);
-    if (directory != -1) {
-        while (removeSomeIn(directory)) {
-        }
-        close(directory);
+void emptyDirectory(int directory) noexcept {
+    while (removeSomeIn(directory)) {
     }
-    unlinkat(parent, name, AT_REMOVEDIR);
+}
+
+void removeDirectoryAt(int parent, const char* name, int directory) noexcept {
+    struct stat own {};
+    struct stat found {};
+    if (fstat(directory, &own) != 0 || fstatat(parent, name, &found, AT_SYMLINK_NOFOLLOW) != 0) return;
+    if (own.st_dev == found.st_dev && own.st_ino == found.st_ino) unlinkat(parent, name, AT_REMOVEDIR);
 }
 
 }  // namespace zev

@@ -24,7 +24,10 @@ namespace zev {
 /// Brings a file or a directory to the disk. A file system that cannot do that for directories is no failure.
 [[nodiscard]] bool syncAt(int parent, const std::string& name);
 
-/// Removes a file, or a directory with all that is in it, as far as that can be done. Async-signal-safe.
-void removeTreeAt(int parent, const char* name) noexcept;
+/// Removes all that is in a directory, as far as that can be done. Async-signal-safe.
+void emptyDirectory(int directory) noexcept;
+
+/// Removes an empty directory if it is the one of a descriptor, and not another that took its name. Async-signal-safe.
+void removeDirectoryAt(int parent, const char* name, int directory) noexcept;
 
 }  // namespace zev
