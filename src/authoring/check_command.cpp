@@ -8,6 +8,7 @@
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "console/code_page_loss.h"
+#include "files/sha256.h"
 
 namespace zev {
 
@@ -36,7 +37,8 @@ std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
 }
 
 void writeText(const CheckCommand& command, const Findings& findings, const std::vector<LanguageLosses>& losses) {
-    std::cout << listFindings(findings);
+    const SetSums sums = sumsOfSet(command.directory);
+    std::cout << sumLines(sums.files) << listFindings(findings);
     for (const auto& [code, pages] : losses) {
         const char* separator = ": ";
         std::cout << code;
@@ -52,12 +54,17 @@ void writeText(const CheckCommand& command, const Findings& findings, const std:
         }
         std::cout << "\n";
     }
-    std::cout << nameOfDirectory(command.directory) << ": " << summaryOf(findings) << "\n";
+    const std::string directory = nameOfDirectory(command.directory);
+    std::cout << directory << ": fingerprint " << sums.fingerprint << "\n"
+              << directory << ": " << summaryOf(findings) << "\n";
 }
 
 void writeJson(const CheckCommand& command, const Findings& findings, const std::vector<LanguageLosses>& losses) {
     nlohmann::ordered_json report{{"directory", command.directory}};
     report.update(jsonOf(findings));
+    const SetSums sums = sumsOfSet(command.directory);
+    report["fingerprint"] = sums.fingerprint;
+    for (const auto& [name, sum] : sums.files) report["sha256"][name] = sum;
     for (const auto& [code, pages] : losses) {
         for (const auto& [page, loss] : pages) {
             report["codePages"][code][page] = {{"lost", loss.count()}, {"characters", loss.list()}};

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <regex>
 
 #include "authoring/support.h"
@@ -100,6 +101,12 @@ TEST(Preview, tiesEveryPartToTheBytesOfItsFiles) {
         return times;
     };
     ASSERT_EQ(fingerprint.size(), 64U);
+    const std::string checked = runLicenses({"check", set.path("set")}).out;
+    EXPECT_EQ(count(checked, "\n" + agreement + "  LA_de\n"), 1U);
+    EXPECT_EQ(count(checked, "\n" + set.path("set") + ": fingerprint " + fingerprint + "\n"), 1U);
+    const auto report = nlohmann::json::parse(runLicenses({"check", set.path("set"), "--json"}).out);
+    EXPECT_EQ(report["sha256"]["LA_de"], agreement);
+    EXPECT_EQ(report["fingerprint"], fingerprint);
     EXPECT_TRUE(text.starts_with("== " + set.path("set") + ": fingerprint " + fingerprint + "\n"));
     EXPECT_EQ(count(text, "\n== LA_de: SHA-256 " + agreement + "\n"), 1U);
     EXPECT_EQ(count(text, "\n== non_vur_license: SHA-256 " + terms + "\n"), 1U);
