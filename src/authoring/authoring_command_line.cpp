@@ -8,7 +8,6 @@
 
 #include "app/start_process.h"
 #include "authoring/commands.h"
-#include "authoring/messages.h"
 #include "authoring/set_files.h"
 #include "console/code_page_loss.h"
 #include "lang/environment_locale.h"

@@ -7,7 +7,6 @@
 #include <iostream>
 
 #include "authoring/commands.h"
-#include "authoring/messages.h"
 #include "authoring/preview_page.h"
 #include "authoring/set_checks.h"
 #include "authoring/set_files.h"

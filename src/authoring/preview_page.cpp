@@ -6,7 +6,6 @@
 #include "app/run_options.h"
 #include "authoring/html.h"
 #include "authoring/language_profile.h"
-#include "authoring/messages.h"
 #include "console/code_page_loss.h"
 #include "console/non_vur_pager.h"
 #include "files/license_text_set.h"
@@ -15,8 +14,7 @@ namespace zev {
 
 namespace {
 
-constexpr int32_t usualWidth = 80;
-constexpr int32_t usualHeight = 24;
+constexpr ScreenSize usualScreen;
 constexpr std::size_t shortSum = 16;  ///< digits of a fingerprint that are enough to tell it, as for zev-ask
 
 std::string number(std::size_t count) { return element("td", {{"class", "number"}}, std::to_string(count)); }
@@ -86,7 +84,7 @@ public:
 
     /// The cells of the overview, for a terminal of the usual size.
     [[nodiscard]] std::string figures(const TextLines& lines, std::size_t pages) const {
-        return number(lines.size()) + number(pages) + number(tooWideLines(lines, usualWidth)) +
+        return number(lines.size()) + number(pages) + number(tooWideLines(lines, usualScreen.width)) +
                element("td", {{"class", "losses"}}, losses_.empty() ? "none" : losses_);
     }
 
@@ -191,10 +189,10 @@ bool PreviewPage::addLanguage(const LanguageEntry& entry) {
     const bool isLoaded = language.load();
     const TextScreens text(code, tagOf(code), codePagesOf({&code, 1}, preview_.codePage), language.text());
     for (const int32_t width : widths) {
-        const auto shown = isLoaded ? language.layOut({width, usualHeight}) : nullptr;
+        const auto shown = isLoaded ? language.layOut({width, usualScreen.height}) : nullptr;
         if (!shown) break;
         part.screens += languageScreens(text, width, *shown, language.boundaryIn(shown->license(), width), code);
-        if (width == usualWidth) part.figures = text.figures(shown->license(), shown->pageCount());
+        if (width == usualScreen.width) part.figures = text.figures(shown->license(), shown->pageCount());
     }
     add(part);
     return !part.screens.empty();
@@ -211,10 +209,10 @@ void PreviewPage::addTerms(const ShownTerms& terms) {
     const TextScreens text(part.id, "", codePagesOf(terms.codes, preview_.codePage), terms.text);
     for (std::size_t i = 0; i < std::size(widths); ++i) {
         const TextLines& lines = *terms.lines[i];
-        const std::size_t pages = pageCountOfTerms(lines, usualHeight);
+        const std::size_t pages = pageCountOfTerms(lines, usualScreen.height);
         part.screens += TextScreens::at(
             widths[i], text.heading(widths[i], lines, pages) + text.screen(widths[i], lines, "The terms"));
-        if (widths[i] == usualWidth) part.figures = text.figures(lines, pages);
+        if (widths[i] == usualScreen.width) part.figures = text.figures(lines, pages);
     }
     part.screens += block("p", {}, "Asked under every page: " + element("code", {}, escapeHtml(morePrompt)));
     add(part);
