@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "app/run_options.h"
+#include "authoring/set_checks.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
@@ -40,10 +41,11 @@ bool isHalfZeros(const std::string& bytes) {
 /// The texts that a set is made of, as far as they are there.
 class Sources {
 public:
-    explicit Sources(const BuildOptions& options) : options_(options), standIn_(options.standIn) {}
+    explicit Sources(const BuildOptions& options)
+        : options_(options), files_(filesOfSet(options.languageSet)), standIn_(options.standIn) {}
 
     void readDirectory(const std::string& directory) {
-        for (const SetFile& file : filesOfSet(options_.languageSet)) {
+        for (const SetFile& file : files_) {
             const std::string path = joinPath(directory, file.name + std::string(sourceSuffix));
             if (!read(file, path) && file.language != nullptr) missing_.push_back({file, path});
         }
@@ -51,7 +53,7 @@ public:
 
     void readAgreement(const std::string& path) {
         standIn_ = options_.language;
-        for (const SetFile& file : filesOfSet(options_.languageSet)) {
+        for (const SetFile& file : files_) {
             const bool isIt = file.name == nameOf(TextKind::agreement, standIn_) && read(file, path);
             if (!isIt && file.language != nullptr) missing_.push_back({file, path});
         }
@@ -68,6 +70,8 @@ public:
             std::ranges::move(findMissing(kind), std::back_inserter(findings));
         }
         std::ranges::move(checkTexts(texts_, standIn_), std::back_inserter(findings));
+        std::ranges::move(checkWords(texts_), std::back_inserter(findings));
+        std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
         return findings;
     }
 
@@ -105,6 +109,10 @@ private:
         SetFile file;
         std::string path;
     };
+
+    [[nodiscard]] std::size_t placeOf(const std::string& name) const {
+        return static_cast<std::size_t>(std::ranges::find(files_, name, &SetFile::name) - files_.begin());
+    }
 
     [[nodiscard]] std::vector<MissingSource> missingOf(TextKind kind) const {
         std::vector<MissingSource> missing;
@@ -169,6 +177,7 @@ private:
     }
 
     const BuildOptions& options_;
+    const std::vector<SetFile> files_;
     std::string standIn_;
     std::vector<SetText> texts_;
     std::vector<MissingSource> missing_;

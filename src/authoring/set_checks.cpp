@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/exit_code.h"
+#include "app/run_options.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
@@ -44,6 +45,7 @@ public:
     Findings run(const std::vector<std::string>& names) {
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
         std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
+        std::ranges::move(checkWords(texts_), std::back_inserter(findings_));
         for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
         std::ranges::stable_sort(findings_, {},
                                  [this](const Finding& finding) { return order_.at(finding.file.name); });
@@ -85,20 +87,9 @@ private:
     void checkLayout(const std::string& code) {
         ShownLanguage language(directory_, options_.languageSet, code);
         if (!language.load()) return;  // the files have findings that say why
-        if (!language.layOut({})) {
-            addFinding(agreementName(code), Severity::error, "layout",
-                       "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
-        }
-        for (const SetText& text : texts_) {
-            const bool isShownIn = text.file.language != nullptr
-                                       ? text.file.language->code == code
-                                       : text.file.kind == TextKind::otherPartiesTerms && code == "en";
-            int32_t position = 0;
-            if (!isShownIn || !language.hasTooWideWord(text.text, usualWidth, position)) continue;
-            addFinding(text.file.name, Severity::warning, "wide-word",
-                       "a word that a line of 80 columns cannot hold is cut, or its line overflows",
-                       positionAt(text.text, position));
-        }
+        if (language.layOut({})) return;
+        addFinding(agreementName(code), Severity::error, "layout",
+                   "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
     }
 
     const std::string& directory_;
@@ -109,6 +100,19 @@ private:
 };
 
 }  // namespace
+
+Findings checkWords(std::span<const SetText> texts) {
+    Findings findings;
+    for (const SetText& text : texts) {
+        if (text.file.kind == TextKind::notices) continue;  // never shown
+        const ShownLanguage language("", defaultLanguageSet, text.file.language ? text.file.language->code : "en");
+        int32_t position = 0;
+        if (!language.hasTooWideWord(text.text, usualWidth, position)) continue;
+        findings.push_back({text.namedFile(), positionAt(text.text, position), Severity::warning, "wide-word",
+                            "a word that a line of 80 columns cannot hold is cut, or its line overflows"});
+    }
+    return findings;
+}
 
 bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings, std::string& problem) {
     std::vector<std::string> names;

@@ -124,6 +124,8 @@ TEST(Build, namesFileAndPlaceOfWhatItFinds) {
         {"notices.txt", {'\xFF', '\xFE', 0, 0, 'a', 0, 0, 0}, ":1:1: error: not UTF-8 but UTF-32" + saveIt},
         {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: the screen ends here, the copy does not [nul]\n"},
         {"LI_en.txt", "a\r\nb\tc", ":2:2: warning: tab: counted as one column, shown as up to eight [tab]\n"},
+        {"LI_en.txt", "a\n" + std::string(90, 'x'),
+         ":2:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows [wide-word]\n"},
         {"notices.txt", "", ": error: empty [empty]\n"},
         {"LA_xx.txt", "terms", name},
         {"la_fr.txt", "terms", name},
