@@ -139,7 +139,8 @@ def judge(lab, place, outcome, victim, before, planted):
     if scratch:
         return Short("scratch was left")
     flaw = lab.sandbox.flaw_of(os.path.join(place, STATE))
-    if (outcome.code, flaw) in ((0, ""), (3, "no record")):
+    # Where the record of the group has been moved away, there is nobody to be asked.
+    if (outcome.code, bool(flaw)) in ((0, False), (2, True), (3, True)):
         return None
     return Short(f"exit {outcome.code} with {flaw or 'a record'}")
 

@@ -6,8 +6,8 @@ import shutil
 from signal import SIGXFSZ
 
 import mounts
-from sandbox import (ACCEPTING, FULL, LANGUAGES, NOTICES, REPEATED, REPLACING, SHOWN, TERMS, UNATTENDED, Fault, Scenario,
-                     copy_of)
+from sandbox import (ACCEPTING, FULL, LANGUAGES, NOTICES, REPEATED, REPLACING, SHOWN, TERMS, UNATTENDED, Fault,
+                     Scenario, copy_of)
 
 # In a file's place: memory whose first page cannot be read (an I/O error), or a directory.
 STAND_INS = ("/proc/self/mem", "directory")

@@ -1,5 +1,6 @@
 """Runs one command to its end, or to the end of our patience."""
 
+import contextlib
 import fcntl
 import os
 import select
@@ -7,6 +8,7 @@ import signal
 import struct
 import subprocess
 import termios
+import threading
 import time
 from typing import NamedTuple
 
@@ -69,8 +71,9 @@ def run(command, answers="", env=None, limit=TIME_LIMIT, **options):
     return finish(start(command, answers, env, **options), limit)
 
 
-def converse(command, answer, env=None, limit=TIME_LIMIT):
-    """Runs a command on a terminal of its own, on which the answer is typed whenever nothing is shown for a moment."""
+def converse(command, answer, env=None, limit=TIME_LIMIT, barrier=None):
+    """Runs a command on a terminal of its own, on which the answer is typed whenever nothing is shown for a moment. With
+    a barrier it waits there first, when something has been shown."""
     screen, terminal = os.openpty()
     fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("4H", 24, 80, 0, 0))
     modes = termios.tcgetattr(terminal)
@@ -84,7 +87,11 @@ def converse(command, answer, env=None, limit=TIME_LIMIT):
                 shown += os.read(screen, 1 << 16)
             elif process.poll() is not None:
                 break
-            else:
+            elif barrier and shown:
+                with contextlib.suppress(threading.BrokenBarrierError):
+                    barrier.wait(limit)
+                barrier = None
+            elif not barrier:
                 os.write(screen, answer.encode())
             if time.monotonic() > deadline or len(shown) > OUTPUT_LIMIT:
                 ending = "hang"

@@ -16,8 +16,8 @@ with open(os.path.join(os.path.dirname(__file__), "../../src/lang/languages.h"),
 SHOWN = "de"  # the language of the dialogues; its texts are longer than any buffer
 TERMS, NOTICES = "non_vur_license", "notices"
 
-# What hides a file. Any other error says that it is there and cannot be had.
-HIDING = {"ENOENT", "EACCES"}
+# What hides a file; no disk is too full to read. Any other error says that it is there and cannot be had.
+HIDING = {"ENOENT", "EACCES", "ENOSPC"}
 MEMORY = {"brk", "mmap", "mremap", "munmap", "mprotect"}
 WRITING = {"write", "writev", "pwrite64", "close", "ftruncate", "fsync", "lseek"}
 
