@@ -32,7 +32,7 @@ std::string randomName() {
 /// is missing was not made in time: then there is nothing else either.
 bool isLeftOver(int scratch) {
     constexpr std::time_t minute = 60, day = 24 * 60 * minute;
-    constexpr mode_t modeBits = 07777, mode = 0700;
+    constexpr mode_t modeBits = 0777, mode = 0700;  // a directory of a group hands its setgid bit on
     struct stat status {};
     if (fstat(scratch, &status) != 0 || status.st_uid != geteuid() || (status.st_mode & modeBits) != mode) return false;
     const std::time_t age = std::time(nullptr) - status.st_mtime;
