@@ -1,4 +1,4 @@
-"""Makes runs of zev meet faults, and says what fell short."""
+"""Makes runs of zev, zev-ask and zev-audit meet faults, and says what fell short."""
 
 import argparse
 import os
@@ -9,6 +9,8 @@ import signal
 import sys
 import tempfile
 
+import consent_calls
+import consent_users
 import crowds
 import environments
 import icu_data
@@ -17,6 +19,7 @@ import media
 import mounts
 import other_users
 import traced_calls
+from consent_sandbox import CALLS, ConsentSandbox
 from lab import Lab
 from sandbox import SCENARIOS, Sandbox, remove_documents
 
@@ -25,27 +28,32 @@ GROUPS = {
     "calls": traced_calls.try_all, "media": media.try_all, "kills": kills.try_all, "crowds": crowds.try_all,
     "users": other_users.try_all, "environments": environments.try_all, "icu": icu_data.try_all,
 }  # fmt: skip
+CONSENT = {
+    "ask-calls": consent_calls.try_calls, "ask-full": consent_calls.try_full, "ask-crowds": consent_calls.try_crowds,
+    "ask-users": consent_users.try_all,
+}  # fmt: skip
+CONSENT_SHARE = 0.4  # of the time
 
 
 def parse():
     parser = argparse.ArgumentParser(
         prog="scripts/faults", description=__doc__,
-        epilog="Without a bound every case is tried, in about ten minutes. Exits with 1 if anything fell short.")
+        epilog="Without a bound every case is tried, within an hour or so. Exits with 1 if anything fell short.")
     parser.add_argument("binary", metavar="BINARY", help="the zev to try; that of the release build if none is named")
     bound = parser.add_mutually_exclusive_group()
     bound.add_argument("--quick", action="store_const", const=QUICK, dest="seconds", help=f"as --seconds {QUICK}")
     bound.add_argument("--seconds", type=float, help="about as long, on cases chosen at random")
     parser.add_argument("--seed", type=int, help="of the choice; it is printed")
-    parser.add_argument("--only", choices=GROUPS, action="append", help="may be repeated")
+    parser.add_argument("--only", choices=GROUPS | CONSENT, action="append", help="may be repeated")
     options = parser.parse_args()
     if options.seed is None:
         options.seed = random.SystemRandom().randrange(10**6)
     return options
 
 
-def check_undisturbed(sandbox):
+def check_undisturbed(sandbox, scenarios):
     """Without faults nothing may fall short, or nothing that is found later would mean anything."""
-    for scenario in SCENARIOS:
+    for scenario in scenarios:
         with sandbox.status(scenario.earlier) as status:
             outcome = sandbox.run(scenario, status)
             verdict = sandbox.judge(scenario, status, outcome)
@@ -77,12 +85,16 @@ def try_on(root, source, options, refusal):
     os.chmod(executable, 0o755)
 
     sandbox = Sandbox(root, executable)
-    check_undisturbed(sandbox)
+    consent = ConsentSandbox(sandbox)
+    check_undisturbed(sandbox, SCENARIOS)
+    check_undisturbed(consent, CALLS)
     bound = "every case" if options.seconds is None else f"{options.seconds:g} seconds"
     print(f"{options.binary}, {bound}, seed {options.seed}\n\n{'':<58} {'tried':>7} {'short':>7} {'described':>10}")
     lab = Lab(sandbox, options.seconds, options.seed, refusal)
-    for group in options.only or GROUPS:
-        GROUPS[group](lab)
+    for groups, tried, share in ((GROUPS, sandbox, 1 - CONSENT_SHARE), (CONSENT, consent, CONSENT_SHARE)):
+        for group in groups:
+            if not options.only or group in options.only:
+                groups[group](lab.on(tried, share))
     lab.print_findings()
     return 1 if lab.fell_short() else 0
 

@@ -1,6 +1,7 @@
 """Tries cases within the time that there is, and prints a row for each kind."""
 
 import concurrent.futures
+import copy
 import random
 import sys
 import time
@@ -20,6 +21,13 @@ class Lab:
         self.no_mounts = no_mounts
         self.rows = []
         self.stopped = False
+
+    def on(self, sandbox, share):
+        """The same on another sandbox, with a share of the time; the rows are common."""
+        other = copy.copy(self)
+        other.sandbox = sandbox
+        other.seconds = None if self.seconds is None else self.seconds * share
+        return other
 
     def skip(self, what, reason):
         self._report(Row(what, skipped=reason))
@@ -84,5 +92,5 @@ def describe(case):
     """A case in one line: the names of the things in it, and the words."""
     if isinstance(case, tuple):
         return " ".join(filter(None, map(describe, case)))
-    text = str(getattr(case, "name", case))
+    text = str(getattr(case, "name", getattr(case, "__name__", case)))
     return text if len(text) <= LONGEST else f"{text[:LONGEST]}... ({len(text)} characters)"

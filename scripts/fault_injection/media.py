@@ -6,7 +6,7 @@ import shutil
 from signal import SIGXFSZ
 
 import mounts
-from sandbox import (ACCEPTING, LANGUAGES, NOTICES, REPEATED, REPLACING, SHOWN, TERMS, UNATTENDED, Fault, Scenario,
+from sandbox import (ACCEPTING, FULL, LANGUAGES, NOTICES, REPEATED, REPLACING, SHOWN, TERMS, UNATTENDED, Fault, Scenario,
                      copy_of)
 
 # In a file's place: memory whose first page cannot be read (an I/O error), or a directory.
@@ -15,7 +15,6 @@ READ = [f"{kind}_{code}" for code in LANGUAGES for kind in ("LA", "LI")] + [TERM
 EXTENDING = Scenario("over shorter texts", UNATTENDED.options, earlier="shorter")
 RECORDING = (UNATTENDED, ACCEPTING, REPEATED, REPLACING, EXTENDING)
 SIZES = 5000  # of the many that there are
-FULL = Fault("write", "ENOSPC")
 
 
 def try_unreadable(lab, case):

@@ -1,13 +1,17 @@
 """Runs one command to its end, or to the end of our patience."""
 
+import fcntl
 import os
 import select
 import signal
+import struct
 import subprocess
+import termios
 import time
 from typing import NamedTuple
 
 TIME_LIMIT = 10.0  # seconds; a run takes some milliseconds
+MOMENT = 0.03  # seconds; a person answers when nothing more is shown
 OUTPUT_LIMIT = 2_000_000  # bytes; a whole dialogue takes some ten thousand
 
 
@@ -15,6 +19,7 @@ class Outcome(NamedTuple):
     code: int  # exit code, or the negative number of the signal that ended the run
     output: bytes  # standard output and error
     ending: str  # "exit", "hang", or "endless" where prompts are repeated for ever
+    is_restored: bool = True  # whether a terminal has the modes that it had before
 
 
 def start(command, answers="", env=None, **options):
@@ -62,3 +67,31 @@ def finish(process, limit=TIME_LIMIT):
 
 def run(command, answers="", env=None, limit=TIME_LIMIT, **options):
     return finish(start(command, answers, env, **options), limit)
+
+
+def converse(command, answer, env=None, limit=TIME_LIMIT):
+    """Runs a command on a terminal of its own, on which the answer is typed whenever nothing is shown for a moment."""
+    screen, terminal = os.openpty()
+    fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("4H", 24, 80, 0, 0))
+    modes = termios.tcgetattr(terminal)
+    # The leader of a session takes the first terminal that it opens for its own.
+    process = subprocess.Popen(["sh", "-c", 'exec "$@" <>"$0" >&0 2>&0', os.ttyname(terminal), *command], env=env,
+                               stdin=subprocess.DEVNULL, start_new_session=True)
+    deadline, shown, ending = time.monotonic() + limit, b"", "exit"
+    try:
+        while True:
+            if select.select([screen], [], [], MOMENT)[0]:
+                shown += os.read(screen, 1 << 16)
+            elif process.poll() is not None:
+                break
+            else:
+                os.write(screen, answer.encode())
+            if time.monotonic() > deadline or len(shown) > OUTPUT_LIMIT:
+                ending = "hang"
+                kill(process)
+                process.wait()
+                break
+        return Outcome(process.returncode, shown.replace(b"\r", b""), ending, termios.tcgetattr(terminal) == modes)
+    finally:
+        os.close(screen)
+        os.close(terminal)

@@ -44,6 +44,7 @@ class Fault:
 
 
 KILL = Fault(error="SIGKILL")
+FULL = Fault("write", "ENOSPC")
 
 
 @dataclass(frozen=True)

@@ -1,9 +1,10 @@
-"""The n-th call of each kind fails, or is the last before a kill; strace makes it so, of static files too."""
+"""The n-th call of each kind fails, or is where a signal ends the run; strace makes it so, of static files too."""
 
 import os
 import re
+from signal import Signals
 
-from sandbox import KILL, SCENARIOS, Fault
+from sandbox import SCENARIOS, Fault
 from verdict import UNTRIED
 
 ERRORS = {
@@ -13,7 +14,13 @@ ERRORS = {
     "close": ("EIO", "ENOSPC", "EINTR"),
     "mkdir": ("EIO", "ENOSPC", "EACCES"),
     "unlink": ("EIO", "EACCES"),
+    "unlinkat": ("EIO", "EACCES"),
+    "mkdirat": ("EIO", "ENOSPC", "EACCES"),
     "rename": ("EIO", "ENOSPC"),
+    "renameat": ("EIO", "ENOSPC", "EACCES"),
+    "fsync": ("EIO", "ENOSPC", "EINTR"),
+    "flock": ("ENOLCK", "EWOULDBLOCK"),
+    "poll": ("EINTR", "ENOMEM"),
     "ftruncate": ("EIO", "ENOSPC", "EINTR"),
     "brk": ("ENOMEM",),
     "mmap": ("ENOMEM",),
@@ -21,7 +28,8 @@ ERRORS = {
 }
 OTHERWISE = ("EIO", "ENOMEM")
 # What cannot fail, what belongs to the start of the process, and what strace itself relies on.
-SPARED = {"execve", "exit_group", "arch_prctl", "set_tid_address", "set_robust_list", "rseq", "rt_sigreturn", "futex"}
+SPARED = {"execve", "exit_group", "arch_prctl", "set_tid_address", "set_robust_list", "rseq", "rt_sigreturn", "futex",
+          "geteuid", "getpgrp", "getpid", "umask"}
 
 INJECTED = re.compile(r'^\w+\((?:AT_FDCWD<[^>]*>, )?(?:\d+<([^>]*)>|"([^"]*)")?.*\(INJECTED\)$', re.MULTILINE)
 
@@ -46,13 +54,12 @@ def calls_of(lab, scenario):
     return re.findall(r"^(\w+)\(", log, re.MULTILINE)
 
 
-def cases_of(lab, scenario):
+def cases_of(lab, scenario, signals):
     counts = {}
-    for call in calls_of(lab, scenario):
-        if call not in SPARED:
-            counts[call] = counts.get(call, 0) + 1
-            for error in (*ERRORS.get(call, OTHERWISE), "SIGKILL"):
-                yield scenario, call, counts[call], error
+    for call in calls_of(lab, scenario)[1:]:  # the first starts the command
+        counts[call] = counts.get(call, 0) + 1
+        for error in (*(ERRORS.get(call, OTHERWISE) if call not in SPARED else ()), *signals):
+            yield scenario, call, counts[call], error
 
 
 def try_call(lab, case):
@@ -62,27 +69,30 @@ def try_call(lab, case):
         outcome, log = trace(lab, scenario, status, "-e", f"trace={call}", "-e",
                              f"inject={call}:{kind}={error}:when={number}")
         if kind == "signal":
-            return lab.sandbox.judge(scenario, status, outcome, KILL) if outcome.code == -9 else UNTRIED
+            was_ended = outcome.code == -Signals[error]
+            return lab.sandbox.judge(scenario, status, outcome, Fault(error=error)) if was_ended else UNTRIED
         injected = INJECTED.search(log)
         if not injected:
             return UNTRIED
         return lab.sandbox.judge(scenario, status, outcome, Fault(call, error, injected[1] or injected[2] or ""))
 
 
-KINDS = {"n-th call fails": 0.7, "no descriptor for the n-th open": 0.15, "killed at the n-th call": 0.15}
+KINDS = {"n-th call fails": 0.6, "no descriptor for the n-th open": 0.1, "killed at the n-th call": 0.2,
+         "ended by SIGTERM at the n-th call": 0.1}  # fmt: skip
+SHARES = dict(zip(SCENARIOS, (0.1, 0.12, 0.04, 0.07, 0.07)))
 
 
 def kind_of(case):
-    failing, no_descriptor, killed = KINDS
-    return {"SIGKILL": killed, "EMFILE": no_descriptor, "ENFILE": no_descriptor}.get(case[3], failing)
+    failing, no_descriptor, killed, ended = KINDS
+    return {"SIGKILL": killed, "SIGTERM": ended, "EMFILE": no_descriptor, "ENFILE": no_descriptor}.get(case[3], failing)
 
 
-def try_all(lab):
-    for scenario, share in zip(SCENARIOS, (0.1, 0.12, 0.04, 0.07, 0.07)):
-        cases = list(cases_of(lab, scenario))
+def try_all(lab, shares=SHARES, signals=("SIGKILL",)):
+    for scenario, share in shares.items():
+        cases = list(cases_of(lab, scenario, signals))
+        if not cases:
+            lab.skip(f"calls of {scenario.name}", "strace cannot trace here")
         for kind, part in KINDS.items():
             chosen = [case for case in cases if kind_of(case) == kind]
-            if cases:
+            if chosen:
                 lab.try_each(f"{kind}, {scenario.name}", chosen, lambda case: try_call(lab, case), share * part)
-            else:
-                lab.skip(f"{kind}, {scenario.name}", "strace cannot trace here")

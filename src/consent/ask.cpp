@@ -201,7 +201,7 @@ private:
             fields["copied"] = now + " by " + effectivePerson();
         }
         fields["zev"] = runOptions.version.substr(1);
-        problem = writeRecord(fields, call_.languageSet);
+        problem = writeRecord(fields, terms_, call_.languageSet);
         if (problem.empty()) problem = state_.publish(scratch_.directory.get(), recordDirectory, terms_.fingerprint());
         if (!problem.empty()) return fail("the acceptance cannot be recorded: " + problem + "; is the disk full?");
         groups != nullptr ? logVersion(fields) : completeMaster();

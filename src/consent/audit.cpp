@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <map>
 #include <optional>
 #include <sstream>
@@ -11,34 +12,21 @@
 #include "consent/store.h"
 #include "consent/terms.h"
 #include "files/directory_at.h"
-#include "files/license_text_set.h"
+#include "files/license_copies.h"
 #include "files/paths.h"
-#include "files/sha256.h"
-#include "lang/language_table.h"
 
 namespace zev {
 
 namespace {
 
+constexpr const char* auditIncomplete = "INCOMPLETE";
 constexpr const char* statusName = "status.dat";
-constexpr const char* copySuffix = ".txt";
 
 /// The copies that zev makes of a licence directory, in UTF-8.
 struct Copies {
     std::string fingerprint;
     std::map<std::string, std::string> sums;  ///< by the name of the copy
 };
-
-Copies copiesOf(const Terms& terms, int languageSet) {
-    Copies copies{terms.fingerprint(), {}};
-    for (const LanguageEntry& language : languagesOfSet(languageSet)) {
-        copies.sums[std::string(language.englishName) + copySuffix] = sha256(terms.textInUtf8(language.code));
-    }
-    for (const char* name : {nonVurTermsName, noticesName}) {
-        if (terms.has(name)) copies.sums[std::string(name) + copySuffix] = sha256(terms.fileInUtf8(name));
-    }
-    return copies;
-}
 
 /// The audit of one state directory.
 class StateAudit {
@@ -51,7 +39,7 @@ public:
         std::vector<std::string> names;
         if (!state_.isOpen() && errno == ENOENT) return {notAccepted({})};
         if (!state_.isOpen() || fstat(state_.get(), &status) != 0 || !listAt(state_.get(), names)) {
-            return {{{}, "INCOMPLETE", path_}};
+            return {{{}, auditIncomplete, path_}};
         }
         // That of a group has records of any of its members.
         const bool isGroups = (status.st_mode & S_IWGRP) != 0;
@@ -87,10 +75,16 @@ private:
         });
     }
 
+    /// Files and links are no products, and neither is the scratch of a run.
     void addProduct(const std::string& name) {
         std::vector<std::string> entries;
+        if (name.starts_with('.')) return;
         const Descriptor product = openDirectoryAt(state_.get(), name);
-        if (!product.isOpen() || !listAt(product.get(), entries)) return;
+        if (!product.isOpen() && (errno == ENOTDIR || errno == ELOOP || errno == ENOENT)) return;
+        if (!product.isOpen() || !listAt(product.get(), entries)) {
+            rows_.push_back({{{"product", name}}, auditIncomplete, joinPath(path_, name)});
+            return;
+        }
         for (const std::string& entry : entries) {
             if (isFingerprint(entry)) addRecord(product.get(), name, entry);
         }
@@ -104,7 +98,7 @@ private:
         if (record.state == RecordState::changed) {
             state = "COPIES CHANGED";
         } else if (record.state != RecordState::whole) {
-            state = "INCOMPLETE";
+            state = auditIncomplete;
         } else if (copies_ && copies_->fingerprint == fingerprint && !hasCopies(product, fingerprint)) {
             state = "COPIES CHANGED";
         }
@@ -116,11 +110,17 @@ private:
     void addVersions(int product, const AuditRow& record) {
         std::string lines, ignored;
         Owners owners = *owners_;
-        const std::string& fingerprint = record.fields.at("terms");
-        if (!readOwned(product, fingerprint + logSuffix, mostOfCopy, owners, lines, ignored)) return;
-        std::istringstream log(lines);
+        const std::string name = record.fields.at("terms") + logSuffix;
         AuditRow row = record;
         row.fields["mode"] = "log";
+        if (faccessat(product, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT) return;
+        if (!readOwned(product, name, mostOfCopy, owners, lines, ignored)) {
+            row.state = auditIncomplete;
+            row.path += logSuffix;
+            rows_.push_back(row);
+            return;
+        }
+        std::istringstream log(lines);
         for (std::string line; std::getline(log, line);) {
             const auto first = line.find('\t'), second = line.find('\t', first + 1);
             if (first == std::string::npos || second == std::string::npos) continue;
@@ -182,7 +182,7 @@ bool audit(const AuditCall& call, std::vector<AuditRow>& rows, std::string& prob
     if (!call.licenses.empty()) {
         const Terms terms = Terms::read(call.licenses, call.languageSet, problem);
         if (!problem.empty()) return false;
-        copies = copiesOf(terms, call.languageSet);
+        copies = Copies{terms.fingerprint(), terms.sumsOfCopies(call.languageSet)};
     }
     for (const std::string& state : call.states) {
         std::ranges::move(StateAudit(call, copies, state).rows(), std::back_inserter(rows));

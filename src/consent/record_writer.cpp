@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <optional>
@@ -13,6 +14,7 @@
 #include "files/directory_at.h"
 #include "files/license_copies.h"
 #include "files/paths.h"
+#include "files/sha256.h"
 #include "lang/environment_locale.h"
 #include "lang/locale_choice.h"
 
@@ -52,7 +54,7 @@ RunContext contextOf(const std::string& language, int languageSet) {
     return context;
 }
 
-std::string writeRecord(const Fields& fields, int languageSet) {
+std::string writeRecord(const Fields& fields, const Terms& terms, int languageSet) {
     adoptLocale("C.UTF-8");
     RunContext context = contextOf("", languageSet);
     errno = 0;
@@ -68,6 +70,11 @@ std::string writeRecord(const Fields& fields, int languageSet) {
     Owners owners = Owners::ofState(own);
     const auto sums = sumsOf(record.get(), owners, flaw);
     if (!sums) return flaw;
+    // zev does not notice when the end of a copy is lost.
+    for (const auto& [name, sum] : terms.sumsOfCopies(languageSet)) {
+        const std::string line = sumLines(std::array{FileSum{joinPath(copiesName, name), sum}});
+        if (sums->find(line) == std::string::npos) return "the copy " + name + " cannot be written in full";
+    }
     return createFileAt(record.get(), sumsName, *sums) ? "" : failure();
 }
 

@@ -19,6 +19,6 @@ class Terms;
 
 /// Makes the record: copies of the terms in UTF-8 as zev makes them, the acceptance and the sums. Returns why that
 /// could not be done, or nothing.
-[[nodiscard]] std::string writeRecord(const Fields& fields, int languageSet);
+[[nodiscard]] std::string writeRecord(const Fields& fields, const Terms& terms, int languageSet);
 
 }  // namespace zev

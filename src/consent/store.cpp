@@ -35,8 +35,8 @@ bool copyOwned(int from, int to, const std::string& name, std::size_t mostBytes,
 bool copyRecord(int from, int to, Owners owners, std::string& problem) {
     std::vector<std::string> names;
     const Descriptor copies = openOwnedDirectory(from, copiesName, owners, problem);
-    if (!copies.isOpen() || !listAt(copies.get(), names)) return false;
-    if (mkdirat(to, copiesName, directoryMode) != 0) {
+    if (!copies.isOpen()) return false;
+    if (!listAt(copies.get(), names) || mkdirat(to, copiesName, directoryMode) != 0) {
         problem = failure(copiesName);
         return false;
     }

@@ -9,6 +9,7 @@
 #include "app/run_options.h"
 #include "files/descriptor.h"
 #include "files/encoded_text_file.h"
+#include "files/license_copies.h"
 #include "files/license_fingerprint.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
@@ -83,6 +84,18 @@ icu::UnicodeString Terms::text(const std::string& code) const {
 std::string Terms::textInUtf8(const std::string& code) const { return inUtf8(text(code)); }
 
 std::string Terms::fileInUtf8(const std::string& name) const { return inUtf8(decoded(bytesOf(name))); }
+
+std::map<std::string, std::string> Terms::sumsOfCopies(int languageSet) const {
+    std::map<std::string, std::string> sums;
+    for (const LanguageEntry& language : languagesOfSet(languageSet)) {
+        sums[std::string(language.englishName) + copySuffix] = sha256(textInUtf8(language.code));
+    }
+    for (const char* name : {nonVurTermsName, noticesName}) {
+        const bool isThere = std::ranges::find(files_, name, &TermsFile::name) != files_.end();
+        if (isThere) sums[std::string(name) + copySuffix] = sha256(fileInUtf8(name));
+    }
+    return sums;
+}
 
 const std::string& Terms::bytesOf(const std::string& name) const {
     static const std::string none;

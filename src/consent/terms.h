@@ -2,6 +2,7 @@
 
 #include <unicode/unistr.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -32,8 +33,10 @@ public:
     [[nodiscard]] icu::UnicodeString text(const std::string& code) const;
     /// The same as bytes in UTF-8, and those of a file of the directory.
     [[nodiscard]] std::string textInUtf8(const std::string& code) const;
-    [[nodiscard]] bool has(const std::string& name) const { return !bytesOf(name).empty(); }
     [[nodiscard]] std::string fileInUtf8(const std::string& name) const;
+
+    /// The copies that zev makes of them in UTF-8: the SHA-256 of each, by its name.
+    [[nodiscard]] std::map<std::string, std::string> sumsOfCopies(int languageSet) const;
 
 private:
     [[nodiscard]] const std::string& bytesOf(const std::string& name) const;

@@ -16,8 +16,6 @@ namespace zev {
 
 namespace {
 
-constexpr const char* copySuffix = ".txt";
-
 /// The copy of one language while it is being written.
 class LanguageCopy {
 public:
