@@ -1,9 +1,18 @@
 #!/bin/sh
-# Installs acme once its terms are accepted; with --remove, removes it and the records.
+# install.sh                        asks for the terms of acme on the terminal and then installs it
+# install.sh --accept FINGERPRINT   the same without a dialogue, for terms that were read elsewhere
+# install.sh --show                 prints the terms
+# install.sh --fingerprint          prints their fingerprint
+# install.sh --remove               removes acme; the records of zev-ask stay
+#
+# Any other word is refused: zev-ask ends with 0 after --help too, and nothing would have been accepted.
 media=$(dirname -- "$(readlink -f -- "$0")")
-if [ "${1:-}" = --remove ]; then
-    rm -rf /usr/bin/acme /var/lib/acme
-    exit
-fi
-"$media/zev-ask" -p acme -v "$(cat "$media/version")" -l "$media/licenses" -s /var/lib/acme/terms || exit
+case "$# ${1:-}" in
+    '0 ') ;;
+    '2 --accept') set -- "--accept=$2" ;;
+    '1 --show' | '1 --fingerprint') exec "$media/zev-ask" "$1" -l "$media/licenses" ;;
+    '1 --remove') exec rm -f /usr/bin/acme ;;
+    *) sed -n 's/^# //p' "$media/install.sh" >&2 && exit 3 ;;
+esac
+"$media/zev-ask" -p acme -v "$(cat "$media/version")" -l "$media/licenses" "$@" || exit
 cp "$media/acme" /usr/bin/acme

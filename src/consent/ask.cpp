@@ -234,8 +234,9 @@ private:
 
 /// Makes the paths of a call absolute. Returns what is wrong with them, or nothing.
 std::string settlePaths(AskCall& call) {
-    if (call.state.empty()) call.state = defaultStateDirectory();
-    if (call.state.empty()) return "there is no HOME; name a state directory with -s.";
+    const bool needsState = call.action == AskCall::Action::ask;
+    if (call.state.empty() && needsState) call.state = defaultStateDirectory();
+    if (call.state.empty() && needsState) return "there is no HOME; name a state directory with -s.";
     for (std::string* path : {&call.licenses, &call.state, &call.master}) {
         if (path->empty()) continue;
         const std::string absolute = absolutePath(*path);

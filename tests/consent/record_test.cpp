@@ -49,7 +49,7 @@ TEST_F(AskRecord, isJudgedBeforeAnythingIsShownAndAsTheAuditDoes) {
         {"echo x >license/more.txt", "not those that were recorded", "COPIES CHANGED"},
         {"rm license/English.txt", "not those that were recorded", "COPIES CHANGED"},
         {"echo x >more", "not those that were recorded", "COPIES CHANGED"},
-        {"mv ../${PWD##*/} ../../x && ln -s ../x ../${PWD##*/}", "not a directory", "INCOMPLETE"},
+        {"cd .. && mv ${OLDPWD##*/} ../x && ln -s ../x ${OLDPWD##*/}", "not a directory", "INCOMPLETE"},
         {"cd .. && rm -r $OLDPWD && touch $OLDPWD", "not a directory", "INCOMPLETE"},
     };
     for (const auto& [fault, says, state] : rows) {
@@ -139,9 +139,9 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         {"", 0755, stranger, 0, withoutTerminal, "above is not safe for records: it belongs to user 12345"},
         {"", 0775, stranger, stranger, asStranger, ""},
         {"", 0777, stranger, stranger, asStranger, "everyone can write to it"},
-        {"", 0755, 1, 1, asStranger, "it belongs to user 1,"},
+        {"", 01777, 1, 1, asStranger, "it belongs to user 1,"},
         {"", 01777, 0, 0, asStranger, ""},
-        {"/state", 01777, 0, 0, asStranger, "records"},  // theirs would not count there
+        {"/state", 01777, 0, 0, asStranger, "records of yours would not count in it"},
         {"/state", 0777, 0, 0, withoutTerminal, "state is not safe"},
         {"/state", 0775, 0, stranger, withoutTerminal, "state is not safe"},
     };
@@ -167,9 +167,9 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
 
 TEST_F(AskRecord, liesInThePlaceOfTheUserWhoeverThatIs) {
     SKIP_UNLESS_ROOT("become another user");
-    for (const char* name : {"", "licenses", "home", "state"}) {
-        if (!sandbox.has(name)) fs::create_directory(sandbox.path(name));
-        ASSERT_EQ(chmod(sandbox.path(name).c_str(), 0711), 0);
+    for (const auto& [name, mode] : {std::pair("", 0711), {"licenses", 0755}, {"home", 0711}, {"state", 0755}}) {
+        fs::create_directory(sandbox.path(name));
+        ASSERT_EQ(chmod(sandbox.path(name).c_str(), static_cast<mode_t>(mode)), 0);
     }
     ASSERT_EQ(chown(sandbox.path("home").c_str(), stranger, stranger), 0);
     const Arguments arguments{"-p", "rocket", "-v", "1", "-l", sandbox.path("licenses"), "--accept", "any"};

@@ -154,7 +154,8 @@ void Terminal::waitFor(const std::string& text) {
 }
 
 void Terminal::waitUntilItSleeps() const {
-    const std::string path = "/proc/" + std::to_string(process_) + "/stat";
+    const pid_t foreground = tcgetpgrp(terminal_);
+    const std::string path = "/proc/" + std::to_string(foreground > 0 ? foreground : process_) + "/stat";
     for (int attempt = 0; attempt < 1000; ++attempt, usleep(1000)) {
         std::string number, name, state;
         if (!(std::ifstream(path) >> number >> name >> state) || (state != "R" && state != "D")) return;
