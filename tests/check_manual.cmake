@@ -1,4 +1,5 @@
-# Fails where the code, the manuals and the completions of ROOT name different options, exit codes, fields or languages.
+# Fails where the code, the README, the manuals, the completions and the glossary of ROOT name different options, exit
+# codes, fields, kinds of findings or languages.
 
 # Sets `result` to what the group of `pattern` finds in those parts of `file`, which can be a pattern too, that match
 # `part`, sorted.
@@ -71,10 +72,37 @@ find_words(kinds src/authoring/*.cpp
 expect_words("${kinds}" man/zev-licenses.1 "[.]It Li [^\n]*" " ([a-z][a-z-]*)")
 
 set(language "[a-z][a-z](_[A-Z]+)?")
-file(GLOB languages RELATIVE ${ROOT} ${ROOT}/samples/licenses/LA_*.txt)
-list(TRANSFORM languages REPLACE ".*LA_(.*)[.]txt" "\\1")
-list(SORT languages)
+set(row "LANGUAGE[(]${language}, \"[A-Za-z_]+\"")
+find_words(languages src/lang/languages.h "${row}" "[(](${language})")
+find_words(names src/lang/languages.h "${row}" "\"([A-Za-z_]+)")
+list(REMOVE_ITEM names Chinese_TW)  # never shown
+expect_words("${names}" man/zev.1 "languages are Czech,[^;]*" "([A-Z][a-z]+)")
+find_words(left_out src/lang/languages.h "${row}, +false" "\"([A-Za-z_]+)")
+expect_words("${left_out}" man/zev.1 "leaves out [^.]*" "([A-Z][a-z]+)")
+expect_words("${languages}" man/zev-licenses.1 "languages are cs,[^.]*[.]" "(${language})(,| and|[.])")
+expect_words("${languages}" docs/glossary.md "\n[|] en [^\n]*" " (${language}) ")
 expect_words("${languages}" man/zev-licenses.5 ".+" "[.]It Li (${language})")
 expect_words("${languages}" completions/bash/zev "'cs [^']*" "(${language})")
 expect_words("${languages}" completions/zsh/_zev "\\(cs [^)]*" "(${language})")
 expect_words("${languages}" completions/fish/zev.fish "'cs [^']*" "(${language})")
+
+# A document that counts the languages in words counts those that are delivered, the README also the one less that is
+# shown.
+set(numbers fifteen sixteen seventeen eighteen nineteen twenty)
+list(LENGTH languages delivered)
+math(EXPR index "${delivered} - 15")
+list(GET numbers ${index} delivered)
+math(EXPR index "${index} - 1")
+list(GET numbers ${index} shown)
+foreach(file IN ITEMS README.md man/zev.1 man/zev-ask.1)
+  file(READ ${ROOT}/${file} text)
+  string(TOLOWER "${text}" text)
+  string(REGEX MATCHALL "[a-z]+teen|twenty" counts "${text}")
+  if(file STREQUAL "README.md")
+    list(REMOVE_ITEM counts ${shown})
+  endif()
+  list(REMOVE_ITEM counts ${delivered})
+  if(counts)
+    message(SEND_ERROR "${file} counts ${counts} languages; ${delivered} are delivered and ${shown} shown")
+  endif()
+endforeach()

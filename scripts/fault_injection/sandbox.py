@@ -4,17 +4,15 @@ import contextlib
 import glob
 import itertools
 import os
+import re
 import shutil
 from dataclasses import dataclass
 
 from process import Outcome, run
 from verdict import Described, Short
 
-LANGUAGES = {
-    "cs": "Czech", "de": "German", "el": "Greek", "en": "English", "es": "Spanish", "fr": "French", "it": "Italian",
-    "ja": "Japanese", "ko": "Korean", "lt": "Lithuanian", "pl": "Polish", "pt": "Portuguese", "ru": "Russian",
-    "sl": "Slovenian", "tr": "Turkish", "zh": "Chinese", "zh_TW": "Chinese_TW",
-}  # fmt: skip
+with open(os.path.join(os.path.dirname(__file__), "../../src/lang/languages.h"), encoding="utf-8") as table:
+    LANGUAGES = dict(re.findall(r'LANGUAGE\((\w+), "(\w+)"', table.read()))  # by code, the English names
 SHOWN = "de"  # the language of the dialogues; its texts are longer than any buffer
 TERMS, NOTICES = "non_vur_license", "notices"
 

@@ -12,6 +12,7 @@ namespace zev {
 /// opened is not reported; the trace then goes to standard error.
 void openDebugFile(const std::string& fileName);
 
+/// Deliberately functions, and the separator of paths beside the trace: their callers expect both here.
 [[nodiscard]] std::string debugPrefix();
 [[nodiscard]] std::string pathSeparator();
 

@@ -33,7 +33,8 @@ inline constexpr const char* licenseCodePage = "UTF-16";
 [[nodiscard]] bool countFileChars(const std::string& path, const std::string& codePage, std::size_t& count);
 
 /// Reads a licence text into `buffer`. Returns its length in code units, 0 also when the file cannot be opened; of a
-/// text that is longer than the buffer or cannot be read to its end, the buffer's size + 1.
+/// text that is longer than the buffer or cannot be read to its end, the buffer's size + 1. Deliberately takes the
+/// context, which it does not need: its callers hand one to every step that reads or records for a run.
 [[nodiscard]] std::size_t readLicenseFile(const RunContext& context, const std::string& path,
                                           std::span<char16_t> buffer);
 

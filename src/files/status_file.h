@@ -10,7 +10,8 @@ struct RunContext;
 [[nodiscard]] std::string localStatusPath(const RunContext& context);
 [[nodiscard]] std::string masterStatusPath(const RunContext& context);
 
-/// Writes a status file. True when its last byte has reached the file system; the directory must exist.
+/// Writes a status file. True when its last byte has reached the file system; the directory must exist. Like
+/// `checkStatusFile` it deliberately takes the context, which it does not need: its callers hand one to every step.
 [[nodiscard]] bool writeStatusFile(const RunContext& context, const std::string& path);
 
 /// Whether the file is a valid status file: its first line that is neither empty nor a comment, of at most 79 bytes

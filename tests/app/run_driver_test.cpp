@@ -77,6 +77,9 @@ TEST(DebugTrace, goesToTheLastFileNamedOrElseToStandardError) {
         EXPECT_EQ(finished.err.empty(), toLast);
         EXPECT_EQ(sandbox.read("first"), inFirst);
     }
+    EXPECT_THAT(run(sandbox.arguments({"-t", "5", "-debug", "/dev/full"})).err,
+                StartsWith("DEBUG: Tool invoked as: zev -l"))
+        << "from the line after the one that did not fit";
 }
 
 TEST(DebugTrace, hasASwitchOfItsOwnForLineBreaking) {

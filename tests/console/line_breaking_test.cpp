@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "app/run_options.h"
+#include "console/terminal_columns.h"
 #include "fuzz/plain_breaking.h"
 #include "lang/environment_locale.h"
 #include "lang/locale_choice.h"
@@ -39,7 +40,7 @@ struct Speaker {
 TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
     for (const char* language : {"ja_JP", "ko_KR", "zh_TW", "zh"}) {
         const Speaker speaker(language);
-        EXPECT_EQ(displayWidth(speaker.dialog, u"aé\U0001F600｡"), 1 + 2 + 4 + 2) << language;
+        EXPECT_EQ(displayWidth(speaker.dialog, u"a\x7F\x80\U0001F600｡"), 1 + 1 + 2 + 4 + 2) << language;
         EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->operator[](0).size(), 39 + 1U) << "78 columns";
         // Six letters are too wide and cut after ten units, in the next word. Where that word's rest is too wide as
         // well, it starts over from its own break.
@@ -63,13 +64,9 @@ TEST(LineBreaking, followsTheLocaleOfTheDialogueAndMeasuresByThatOfTheContext) {
 }
 
 TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {
-    const icu::UnicodeString alphabets[]{u"ab -\n",
-                                         u"word \n\r\t/.,(\"",
-                                         u"字、「か゚ー a",
-                                         u"абв г\nд",
-                                         u"กขค าะ\n",
-                                         u"한국 어\n",
-                                         u"\U0001F600é \u00AD\u200B\u00A0\n"};
+    const icu::UnicodeString alphabets[]{
+        u"ab -\n",   u"word \n\r\t/.,(\"", u"字、「か゚ー a",  u"абв г\nд",
+        u"กขค าะ\n", u"한국 어\n",         u"10th ,-%(\r\n", u"\U0001F600é \u00AD\u200B\u00A0\n"};
     std::mt19937 random(20260101);
     const auto upTo = [&](int32_t most) { return std::uniform_int_distribution<int32_t>(0, most)(random); };
     for (const char* language : {"en_US", "fr", "ja_JP", "ko", "zh_TW"}) {
@@ -89,6 +86,14 @@ TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {
             }
         }
     }
+}
+
+TEST(TerminalColumns, areThoseOfATerminalAndNotThoseOfTheDialogue) {
+    const std::pair<const char16_t*, int64_t> rows[]{
+        {u"", 0},   {u"\t", 8},   {u"1234567\t", 8},       {u"12345678\tx", 17}, {u"\t\tx\n\t", 17},
+        {u"｡ｱ", 2}, {u"字。", 4}, {u"e\u0301\u200B\r", 1}, {u"\U0001F600é", 3},  {u"字字字字\t", 16},
+    };
+    for (const auto& [line, columns] : rows) EXPECT_EQ(terminalColumns(icu::UnicodeString(line)), columns) << columns;
 }
 
 }  // namespace

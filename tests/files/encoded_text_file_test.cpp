@@ -5,6 +5,7 @@
 
 #include "app/run_options.h"
 #include "files/license_text_set.h"
+#include "files/output_file.h"
 #include "files/paths.h"
 #include "lang/locale_choice.h"
 #include "support/session.h"
@@ -47,9 +48,26 @@ TEST(EncodedTextFile, countsAndReadsCodeUnitsUpToTheEndMark) {
     }
     EXPECT_FALSE(countFileChars(path, "no-such-code-page", count));
 
-    std::u16string small(5, u'?');
-    EXPECT_EQ(readLicenseFile(context, path, std::span(small).first(3)), 4U) << "it does not fit";
-    EXPECT_EQ(small, u"?????");
+    std::u16string small(5000, u'?');
+    for (const std::size_t room : {3U, 5000U}) {
+        EXPECT_EQ(small.find_first_not_of(u'?'), small.npos) << "a block that does not fit leaves it alone";
+        EXPECT_EQ(readLicenseFile(context, path, std::span(small).first(room)), room + 1) << "it does not fit";
+    }
+}
+
+TEST(EncodedTextFile, tellsAnErrorFromAnEndInEveryBlock) {
+    for (const int blocksBefore : {0, 1, 40}) {
+        int left = blocksBefore;
+        const cookie_io_functions_t failing{[](void* blocks, char* bytes, std::size_t size) -> ssize_t {
+                                                if ((*static_cast<int*>(blocks))-- == 0) return -1;
+                                                std::fill_n(bytes, size, 'x');
+                                                return static_cast<ssize_t>(size);
+                                            },
+                                            nullptr, nullptr, nullptr};
+        const File input(fopencookie(&left, "r", failing)), output(std::tmpfile());
+        const EncodedFile from(u_finit(input.get(), nullptr, licenseCodePage));
+        EXPECT_FALSE(copyUnits(from.get(), attachEncoded(output.get(), "UTF-8").get())) << blocksBefore;
+    }
 }
 
 TEST(EncodedTextFile, copiesAsIfUnitByUnit) {
@@ -83,6 +101,7 @@ TEST(Paths, tellWhatIsAbsentFromWhatCannotBeOpened) {
     const rlimit none{0, descriptors.rlim_max};
     setrlimit(RLIMIT_NOFILE, &none);
     EXPECT_EQ(presenceOf(file), Presence::unknown);
+    EXPECT_TRUE(fileExists(file)) << "and reading it will fail";
     setrlimit(RLIMIT_NOFILE, &descriptors);
 }
 

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unicode/locid.h>
 #include <unistd.h>
@@ -42,20 +45,24 @@ TEST_F(Recording, leavesACopyOfEveryLanguageUnderItsEnglishNameAndOfWhatServesAl
         EXPECT_EQ(copy(name + code.substr(2) + ".txt"), code + " agreement\n" + code + " information\n");
     }
     EXPECT_EQ(copy("non_vur_license.txt") + copy("notices.txt"), "termsnotices");
+    const auto modeOf = [&](const char* name) { return std::filesystem::status(sandbox.path(name)).permissions(); };
+    for (const char* name : {"status/license/Greek.txt", "status/license/notices.txt", "status/license/status.dat"}) {
+        EXPECT_EQ(modeOf(name), modeOf("licenses/notices")) << "for whom the umask lets read " << name;
+    }
     const auto files = std::filesystem::directory_iterator(sandbox.path("status/license"));
     EXPECT_EQ(std::distance(begin(files), end(files)), std::ssize(languages()) + 3);
 }
 
 TEST_F(Recording, copiesInTheCodePageOfTheProcess) {
     sandbox.write("licenses/LA_ja", utf16(u"許諾é"));
-    sandbox.write("licenses/LI_ja", utf16(u"\nx"));
+    sandbox.write("licenses/LI_ja", utf16(u"x"));
     sandbox.write("licenses/notices", utf16(u"é"));
     const std::pair<const char*, std::string> rows[]{
-        {"ja_JP.UTF-8", "許諾é\nx"},
-        {"ja_JP.ISO-2022-JP", "\x1B$B5vBz\x1B(B\x1A\nx"},
-        {"ko_KR.ISO-2022-KR", "\x1B$)C\x0EzIQg\x0F\x1A\nx"},
-        {"fr_FR.ISO-8859-1", "\x1A\x1A\xE9\nx"},
-        {"fr_FR", "\x1A\x1A\x1A\nx"},
+        {"ja_JP.UTF-8", "許諾éx"},
+        {"ja_JP.ISO-2022-JP", "\x1B$B5vBz\x1B(B\x1Ax"},
+        {"ko_KR.ISO-2022-KR", "\x1B$)C\x0EzIQg\x0F\x1Ax"},
+        {"fr_FR.ISO-8859-1", "\x1A\x1A\xE9x"},
+        {"fr_FR", "\x1A\x1A\x1Ax"},
     };
     for (const auto& [locale, bytes] : rows) {
         EXPECT_EQ(record(locale), 9);
@@ -105,9 +112,11 @@ TEST_F(Recording, doesNotDependOnTheMasterStatusFile) {
     const std::string written = "DEBUG: Master status.dat written successfully to ";
     const std::string failed = "DEBUG: Unable to write the master status.dat to ";
     sandbox.link("full/status.dat", "/dev/full");
-    const std::pair<const char*, std::string> rows[]{{"m//n", written}, {"full", failed}, {"licenses/LA_en/m", failed}};
-    for (const auto& [master, line] : rows) {
-        const std::string path = sandbox.path(master);
+    const std::pair<std::string, std::string> rows[]{{sandbox.path("m//n"), written},
+                                                     {sandbox.path("full"), failed},
+                                                     {sandbox.path("licenses/LA_en/m"), failed},
+                                                     {"", failed}};
+    for (const auto& [path, line] : rows) {
         EXPECT_EQ(record("C", {"-m", path}), 9);
         EXPECT_THAT(trace, HasSubstr(line + path + "/status.dat\n"));
     }
@@ -120,6 +129,38 @@ TEST_F(Recording, writesTwoLinesWithTheLocalTime) {
     EXPECT_EQ(bytes.size(), 39U);
     tm date{};
     EXPECT_STREQ(strptime(bytes.c_str(), "#%a %b %d %H:%M:%S ABC %Y\n", &date), "Status=9\n") << bytes;
+    run(sandbox.arguments({"-t", "5"}), {{"TZ", std::string(40, 'A') + "-5"}});
+    EXPECT_EQ(copy("status.dat"), "#\nStatus=9\n") << "a zone whose name leaves no room";
+}
+
+TEST(RecordingWithoutPrivileges, keepsWhatItMayNotWriteAndTakesForAbsentWhatItMayNotRead) {
+    const std::string notRecorded = "DEBUG: Problem writing status files, errno = 13\n", recorded = "DEBUG: All status";
+    const std::tuple<std::string, std::string, unsigned, int, std::string> rows[]{
+        // A file that is there, and whose permissions are taken away.
+        {"x", "", 0500, 20, "DEBUG: Function mkdir returned -1\nDEBUG: errno = 13\n"},
+        {"status/x", "status", 0500, 21, ""},
+        {"status/license/German.txt", "status/license/German.txt", 0400, 15, notRecorded},
+        {"status/license/status.dat", "status/license/status.dat", 0400, 15, notRecorded},
+        {"m/status.dat", "m/status.dat", 0400, 9, "DEBUG: Unable to write the master status.dat to "},
+        {"licenses/LA_de", "licenses/LA_de", 0, 15, notRecorded},
+        {"licenses/LI_de", "licenses/LI_de", 0, 9, recorded},
+        {"licenses/notices", "licenses/notices", 0, 9, recorded},
+    };
+    for (const auto& [file, closed, mode, exitCode, line] : rows) {
+        SCOPED_TRACE(file);
+        const Sandbox sandbox;
+        sandbox.write(file, "Status=9\n");
+        const auto allow = [&](unsigned bits) { ASSERT_EQ(chmod(sandbox.path(closed).c_str(), bits), 0); };
+        allow(mode);
+        // Permissions bind root, too, without these capabilities; who is not root has none to drop.
+        const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-m", sandbox.path("m")}), {}, "", [] {
+            for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, capability);
+        });
+        allow(0700);
+        EXPECT_EQ(finished.exitCode, exitCode);
+        EXPECT_THAT(finished.err, HasSubstr(line));
+        EXPECT_EQ(sandbox.read(file), "Status=9\n");
+    }
 }
 
 TEST_F(Recording, isJudgedByItsFirstLineThatSaysSomething) {

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
+#include <map>
 
 #include "app/run_options.h"
 #include "authoring/language_profile.h"
@@ -39,6 +41,14 @@ bool isFound(const icu::UnicodeString& pattern, const icu::UnicodeString& text) 
     const bool found = icu::RegexMatcher(pattern, text, 0, status).find(status);
     EXPECT_TRUE(U_SUCCESS(status)) << "else a pattern with a fault would find nothing and no one notice";
     return found;
+}
+
+/// The pieces of `text` between what matches `pattern`.
+std::vector<icu::UnicodeString> split(const icu::UnicodeString& pattern, const icu::UnicodeString& text) {
+    std::array<icu::UnicodeString, 64> pieces;
+    UErrorCode status = U_ZERO_ERROR;
+    const auto count = icu::RegexMatcher(pattern, 0, status).split(text, pieces.data(), pieces.size(), status);
+    return {pieces.begin(), pieces.begin() + count};
 }
 
 /// "<code> <slot>, " of each text in which `pattern` is found.
@@ -149,6 +159,42 @@ TEST(Catalogue, keepsItsIrregularities) {
     for (const auto& [pattern, texts] : rows) EXPECT_EQ(textsWith(pattern), texts);
     EXPECT_FALSE(isFound(u"(de|es|fr|it|pt) ([23789]|10|11), ", textsWith(u"\\\\u").c_str()))
         << "raw where others escape";
+}
+
+TEST(Catalogue, hasNoWordThatTheGlossaryGivesToAnotherLanguage) {
+    std::map<std::string, std::vector<icu::UnicodeString>> termsOf;
+    std::vector<icu::UnicodeString> codes;
+    std::ifstream glossary(ZEV_GLOSSARY);
+    for (std::string line; std::getline(glossary, line);) {
+        if (!line.starts_with("| ")) continue;
+        const auto cells = split(u" \\| |\\| | \\|", icu::UnicodeString::fromUTF8(line));
+        const bool isHeader = codes.empty();
+        if (isHeader) codes = cells;
+        for (std::size_t i = 1; !isHeader && i < cells.size() && !cells[i].isEmpty(); ++i) {
+            std::string code;
+            auto& terms = termsOf[codes[i].toUTF8String(code)];
+            for (const auto& term : split(u" / ", cells[i])) terms.push_back(term);
+        }
+    }
+    EXPECT_EQ(termsOf.size(), languages().size());
+    for (const auto& [code, name] : languages()) {
+        icu::UnicodeString shown, own;
+        const auto texts = textsOf(code);
+        for (std::size_t slot = 1; slot < texts.size(); ++slot) {
+            if (slot < 11 || slot > 13) shown += texts[slot].unescape() + u"\n";  // those may be in English
+        }
+        for (const auto& term : termsOf[code]) own += term + u"\n";
+        EXPECT_FALSE(own.isEmpty()) << code << " has no column";
+        for (const auto& [other, terms] : termsOf) {
+            for (const auto& term : terms) {
+                const bool isOwn = own.toLower().indexOf(icu::UnicodeString(term, 0, term.length() - 1).toLower()) >= 0;
+                const icu::UnicodeString edge(isFound(u"[\\u3000-\\uD7FF]", term) ? u"" : u"\\b");
+                const bool isUsed = !isOwn && isFound(u"(?i)" + edge + u"\\Q" + term + u"\\E" + edge, shown);
+                std::string word;
+                EXPECT_FALSE(isUsed) << code << " has the " << other << " term " << term.toUTF8String(word);
+            }
+        }
+    }
 }
 
 TEST(LanguageTable, findsLanguageAndCatalogueByThePrefixOfACode) {

@@ -35,6 +35,8 @@ TEST(EnvironmentLocale, takesTheFirstVariableThatIsSetAndNotEmpty) {
         {"", "", "fr_FR.no-such-set", "fr_FR", "US-ASCII"},
         {"", "UTF-8", "fr_FR.ISO-8859-1", "fr_FR", "UTF-8"},
         {"", "UTF-8", "", "en_US_POSIX", "UTF-8"},
+        {"", "utf8", "de_DE@euro.UTF-8", "de_DE_EURO", "utf8"},
+        {"", "", "@euro", "__EURO", "US-ASCII"},
     };
     for (const auto& [all, type, lang, locale, set] : rows) {
         SCOPED_TRACE(testing::Message() << all << "|" << type << "|" << lang);
@@ -64,6 +66,8 @@ TEST(EnvironmentLocale, writesTextInTheCodePageWithSubstitutions) {
     adopt("", "", "ko_KR.ISO-2022-KR");
     EXPECT_EQ(written(u"x"), "\x1B$)Cx");
     EXPECT_EQ(written(u""), "");
+    adopt("", "", "en_US.UTF-16BE");
+    EXPECT_EQ(written(u"許x許"), "\x8A\x31") << "up to the first zero byte";
     adopt("", "", "en_US.UTF-8");
     for (const char16_t* half : {u"\xD83D\n", u"\xDE00\n"}) EXPECT_EQ(written(half), "\uFFFD\n") << "a hard cut";
     const icu::UnicodeString text(600, U'é', 600);

@@ -51,11 +51,12 @@ protected:
 };
 
 TEST_F(Dialogue, pagesForwardAndBack) {
-    const std::string one = page(1, 10, 0) + prompt, two = page(11, 20, 0) + prompt,
-                      three = page(21, 30, 0) + endPrompt;
+    sandbox.write("licenses/LA_en", utf16(numbered(25)));
+    const std::string one = page(1, 10, 0) + prompt;
     EXPECT_EQ(answer("\n\n\n\n99\n99\n99\n99\n1\n").out,
-              one + "\n" + two + "\n" + three + "\n" + endPrompt + "\n" + endPrompt + "99\n" +  // nothing left to show
-                  three + "99\n" + two + "99\n" + one + "99\n" + one + "1\n");
+              one + "\n" + page(11, 20, 0) + prompt + "\n" + page(21, 25, 5) + endPrompt + "\n" + endPrompt + "\n" +
+                  endPrompt + "99\n" +  // nothing was left to show, so the page before is the last ten lines
+                  page(16, 25, 0) + endPrompt + "99\n" + page(6, 15, 0) + prompt + "99\n" + one + "99\n" + one + "1\n");
 }
 
 TEST_F(Dialogue, padsPagesExceptOnAScreenThatIsTooLowForAnyText) {
@@ -109,13 +110,17 @@ TEST_F(Dialogue, repeatsItsPromptWithoutEndOnceInputHasFailed) {
 }
 
 TEST_F(Dialogue, pagesThroughTheTermsOfOthers) {
-    sandbox.write("licenses/non_vur_license", utf16(numbered(15)));
+    sandbox.write("licenses/non_vur_license", utf16(numbered(13) + std::u16string(302, 'x') + u"\n"));
     const std::string more = "\n\n-- More, \"q\" to quit --\n[INPUT] ==> ";
-    std::string longer = page(1, 10, 0) + prompt;
+    const std::string wide = std::string(300, 'x') + "\nxx\n";
+    std::string longer = prompt;
     longer.replace(longer.find("Print."), 6, "Print, \"4\" Read non-VUR terms.");
-    EXPECT_EQ(answer("4\n\n q\nQuit\n1\n").out, longer + "4\n" + page(1, 11, 0) + more + "\n" + page(12, 15, 7) + more +
-                                                    " q\n" + page(1, 0, 11) + more + "Quit\n" + longer + "1\n");
-    EXPECT_THAT(answer("4\n\nq\n1\n", {{"LINES", "2"}}).out, HasSubstr(page(1, 15, 0) + more + "\n" + more + "q\n"));
+    const std::string two = page(11, 20, 0) + longer;
+    EXPECT_EQ(answer("\n4\n\n q\nQuit\n1\n").out, page(1, 10, 0) + longer + "\n" + two + "4\n" + page(1, 11, 0) + more +
+                                                      "\n" + page(12, 13, 0) + wide + page(1, 0, 7) + more + " q\n" +
+                                                      page(1, 0, 11) + more + "Quit\n" + two + "1\n");
+    EXPECT_THAT(answer("4\n\nq\n1\n", {{"LINES", "2"}}).out,
+                HasSubstr(page(1, 13, 0) + wide + more + "\n" + more + "q\n"));
 }
 
 TEST_F(Dialogue, switchesToEnglishAndBack) {

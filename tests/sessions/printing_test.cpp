@@ -64,8 +64,10 @@ TEST_F(Printing, showsAnAddressWhenNoCommandTakesTheDocument) {
 
 TEST(PrintDocument, doesNotReplaceADirectoryOfItsName) {
     const Sandbox sandbox;
-    const Finished finished = run(sandbox.arguments({"-debug"}), {}, "3\n1\n",
-                                  [] { mkdir(("/tmp/zevdoc_" + std::to_string(getpid()) + "_en.text").c_str(), 0700); });
+    // After a switch to English, in whose name it lies.
+    const Finished finished = run(sandbox.arguments({"-debug"}), {{"LC_ALL", "de_DE.UTF-8"}}, "5\n3\n1\n", [] {
+        mkdir(("/tmp/zevdoc_" + std::to_string(getpid()) + "_en.text").c_str(), 0700);
+    });
     const auto begin = finished.err.find("/tmp/zevdoc_");
     const std::string path = finished.err.substr(begin, finished.err.find('\n', begin) - begin);
     EXPECT_THAT(finished.err, HasSubstr("DEBUG: Unable to create file " + path + "\nDEBUG: Error printing LA\n"));

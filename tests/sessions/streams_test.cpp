@@ -12,35 +12,49 @@ namespace zev::test {
 
 using testing::HasSubstr;
 
-/// Puts a pipe that holds the answer "1" in place of standard input.
+/// Puts a pipe that holds answers in place of standard input.
+template <char... answers>
 void answerFromPipe() {
     int ends[2];
-    if (pipe(ends) == 0 && write(ends[1], "1\n", 2) == 2) dup2(ends[0], STDIN_FILENO);
+    for (const char answer : pipe(ends) == 0 ? std::string{answers...} : "") dprintf(ends[1], "%c\n", answer);
+    dup2(ends[0], STDIN_FILENO);
 }
 
 TEST(Streams, traceEchoAndLogAnAnswerInThisOrderBeforeAnythingElseHappens) {
     const Sandbox sandbox;
     ASSERT_EQ(mkdir(sandbox.path("status").c_str(), 0700) + mkdir(sandbox.path("status/license").c_str(), 0700), 0);
     ASSERT_EQ(mkfifo(sandbox.path("status/license/Czech.txt").c_str(), 0600), 0);
-    Terminal terminal(24, 80, sandbox.arguments({"-debug", "-cmdlog", "/dev/stdout"}), {}, answerFromPipe);
-    terminal.waitFor("DEBUG: [INPUT] ==> 1\n[INPUT] ==> 1\n1\n");  // the copy has no reader, so the run does not get to its end
+    Terminal terminal(24, 80, sandbox.arguments({"-debug", "-cmdlog", "/dev/stdout"}), {{"PATH", "/no"}},
+                      answerFromPipe<'3', '1'>);
+    terminal.waitFor("\nDEBUG: Got lpr return code : 32512\n0x");  // what is printed before a line of the trace ...
+    terminal.waitFor("\nDEBUG: Error printing LA\n\n\n");          // ... stands before it
+    // The copy has no reader, so the run does not get to its end.
+    terminal.waitFor("DEBUG: [INPUT] ==> 1\n[INPUT] ==> 1\n1\n");
 }
 
-TEST(Streams, takeAClosedInputForNoTerminal) {
+/// The prompts of an input without answers would have no end.
+void limitOutput() {
+    const rlimit limit{1 << 16, 1 << 16};
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST(Streams, takeAClosedInputForNoTerminalAndTheNullDeviceForOne) {
+    const std::pair<Preparation, std::string> rows[]{
+        {[] { limitOutput(), close(STDIN_FILENO); }, "[INPUT] ==> \n"},
+        {[] { limitOutput(), dup2(open("/dev/null", O_RDWR), STDIN_FILENO); }, ""},
+    };
     const Sandbox sandbox;
-    const Finished finished = run(sandbox.arguments(), {}, "", [] {
-        close(STDIN_FILENO);
-        const rlimit limit{1 << 16, 1 << 16};  // else the prompts would have no end
-        setrlimit(RLIMIT_FSIZE, &limit);
-    });
-    EXPECT_EQ(finished.exitCode, -SIGXFSZ);
-    EXPECT_THAT(finished.out, HasSubstr("\n[INPUT] ==> \n\n\nYou have completed"));
+    for (const auto& [prepare, echo] : rows) {
+        const Finished finished = run(sandbox.arguments(), {}, "", prepare);
+        EXPECT_EQ(finished.exitCode, -SIGXFSZ);
+        EXPECT_THAT(finished.out, HasSubstr("\nProgram.\n" + echo + "\n\nYou have completed"));
+    }
 }
 
 TEST(Streams, keepFilesOffTheNumbersOfThoseThatAreClosed) {
-    const Preparation rows[]{[] { close(STDOUT_FILENO); }, [] { close(STDERR_FILENO); },
-                             [] { close(STDOUT_FILENO), close(STDERR_FILENO); },
-                             [] { close(STDIN_FILENO), close(STDOUT_FILENO), close(STDERR_FILENO), answerFromPipe(); }};
+    const Preparation rows[]{
+        [] { close(STDOUT_FILENO); }, [] { close(STDERR_FILENO); }, [] { close(STDOUT_FILENO), close(STDERR_FILENO); },
+        [] { close(STDIN_FILENO), close(STDOUT_FILENO), close(STDERR_FILENO), answerFromPipe<'1'>(); }};
     for (const Preparation prepare : rows) {
         const Sandbox sandbox;
         const auto arguments = sandbox.arguments({"-debug", "-cmdlog", sandbox.path("log"), "-show_exit_code"});
