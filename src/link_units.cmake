@@ -32,11 +32,11 @@ link_unit(consent tools
 executable(zev "driver;consent" app/legal_notice app/main)
 
 link_unit(authoring tools
-  authoring/authoring_command_line authoring/build_command authoring/character_checks authoring/check_command
+  authoring/authoring_command_line authoring/character_checks
   authoring/commands authoring/double_encoding
-  authoring/finding authoring/finished_text authoring/html_cells authoring/html_style authoring/language_guess
-  authoring/language_models authoring/language_profile authoring/messages authoring/preview_command
-  authoring/preview_html authoring/preview_text authoring/set_builder authoring/set_checks authoring/set_files
+  authoring/finding authoring/html authoring/language_guess
+  authoring/language_models authoring/language_profile authoring/preview_command
+  authoring/preview_page authoring/set_builder authoring/set_checks authoring/set_files
   authoring/shown_language authoring/text_checks authoring/text_encoding)
 
 executable(zev-licenses authoring authoring/main)

@@ -78,13 +78,14 @@ find_words(names src/lang/languages.h "${row}" "\"([A-Za-z_]+)")
 list(REMOVE_ITEM names Chinese_TW)  # never shown
 expect_words("${names}" man/zev.1 "languages are Czech,[^.]*" "([A-Z][a-z]+)")
 find_words(left_out src/lang/languages.h "${row}, +false" "\"([A-Za-z_]+)")
-expect_words("${left_out}" man/zev.1 "13 languages, without [^.]*" "([A-Z][a-z]+)")
+expect_words("${left_out}" man/zev.1 "languages, without [^.]*" "([A-Z][a-z]+)")
 expect_words("${languages}" man/zev-licenses.1 "languages are cs,[^.]*[.]" "(${language})(,| and|[.])")
 expect_words("${languages}" docs/glossary.md "\n[|] en [^\n]*" " (${language}) ")
 expect_words("${languages}" man/zev-licenses.5 ".+" "[.]It Li (${language})")
 expect_words("${languages}" completions/bash/zev "'cs [^']*" "(${language})")
 expect_words("${languages}" completions/zsh/_zev "\\(cs [^)]*" "(${language})")
 expect_words("${languages}" completions/fish/zev.fish "'cs [^']*" "(${language})")
+expect_words("${languages}" cmake/ZevLicenseSet.cmake "languages( [a-z][a-z](_[A-Z]+)?)+\\)" " (${language})")
 
 # A document that counts the languages in words counts those that are delivered, the README also the one less that is
 # shown.

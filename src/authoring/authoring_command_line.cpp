@@ -8,7 +8,6 @@
 
 #include "app/start_process.h"
 #include "authoring/commands.h"
-#include "authoring/messages.h"
 #include "authoring/set_files.h"
 #include "console/code_page_loss.h"
 #include "lang/environment_locale.h"
@@ -32,10 +31,39 @@ void addLanguageSet(CLI::App& command, int& set) {
         ->check(CLI::IsMember({defaultLanguageSet, alternativeLanguageSet}));
 }
 
+void addAcceptances(CLI::App& command, std::vector<Acceptance>& accepted) {
+    const auto accept = [&accepted](const std::string& value) {
+        const auto acceptance = parseAcceptance(value);
+        if (acceptance) accepted.push_back(*acceptance);
+        return acceptance.has_value();
+    };
+    command
+        .add_option_function<std::vector<std::string>>(
+            "--accept",
+            [accept](const std::vector<std::string>& values) {
+                if (!std::ranges::all_of(values, accept))
+                    throw CLI::ValidationError("--accept", "not KIND or KIND:FILE");
+            },
+            "Let the warnings of this kind pass, of this file or of all; repeated for more")
+        ->type_name("KIND[:FILE]")
+        ->allow_extra_args(false);
+}
+
+void addFindings(CLI::App& command, bool& json, bool& strict, std::vector<Acceptance>& accepted) {
+    command.add_flag("--json", json, "Write JSON");
+    command.add_flag("--strict", strict, "Let warnings fail");
+    addAcceptances(command, accepted);
+}
+
 void declareBuild(CLI::App& command, BuildCommand& build) {
-    command.add_option("SOURCES", build.sources, "Directory with LA_xx.txt and LI_xx.txt in UTF-8")->required();
+    command.add_option("SOURCES", build.sources, "Directory with LA_xx.txt and LI_xx.txt in UTF-8, or one agreement")
+        ->required();
     command.add_option("OUT", build.output, "Licence directory to make or to replace")->required();
-    command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one");
+    CLI::Option* const standIn =
+        command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one");
+    command.add_option("--lang", build.language, "Language of the one agreement, which stands in for all others")
+        ->excludes(standIn);
+    addFindings(command, build.json, build.strict, build.accepted);
     addLanguageSet(command, build.languageSet);
 }
 
@@ -43,8 +71,7 @@ void declareCheck(CLI::App& command, CheckCommand& check) {
     command.add_option("DIR", check.directory, "Licence directory")->required();
     command.add_option("--stand-in", check.standIn, "Language whose text may stand in the place of others");
     command.add_flag("--pages", check.pages, "Add what the code pages of each language lose");
-    command.add_flag("--json", check.json, "Write JSON");
-    command.add_flag("--strict", check.strict, "Count warnings as findings");
+    addFindings(command, check.json, check.strict, check.accepted);
     addLanguageSet(command, check.languageSet);
 }
 
@@ -84,6 +111,7 @@ void requireLanguage(const std::string& option, const std::string& code, int lan
 
 void checkLanguages(const Calls& calls) {
     requireLanguage("--stand-in", calls.build.standIn, calls.build.languageSet);
+    requireLanguage("--lang", calls.build.language, calls.build.languageSet);
     requireLanguage("--stand-in", calls.check.standIn, calls.check.languageSet);
     for (const std::string& code : calls.preview.languages) {
         requireLanguage("--lang", code, calls.preview.languageSet);

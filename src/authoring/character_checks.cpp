@@ -61,7 +61,7 @@ constexpr CharacterRule wideRule{"wide-character",
 
 struct Sighting {
     const CharacterRule* rule = nullptr;
-    std::size_t line = 0;  ///< of the first
+    int32_t offset = 0;  ///< of the first
     std::size_t count = 0;
 };
 
@@ -82,62 +82,65 @@ std::string countedName(const std::string& name, std::size_t count) {
 }
 
 /// Carriage returns: those of line ends, whose lines nobody wants listed, and others.
-Findings checkCarriageReturns(const std::string& file, const icu::UnicodeString& text) {
-    std::size_t line = 1, atLineEnds = 0, elsewhere = 0, lineOfFirst = 0;
+Findings checkCarriageReturns(const NamedFile& file, const icu::UnicodeString& text) {
+    std::size_t atLineEnds = 0, elsewhere = 0;
+    int32_t first = 0;
     for (int32_t i = 0; i < text.length(); ++i) {
-        if (text[i] == u'\n') ++line;
         if (text[i] != u'\r') continue;
         if (text.charAt(i + 1) == u'\n') {
             ++atLineEnds;
         } else if (elsewhere++ == 0) {
-            lineOfFirst = line;
+            first = i;
         }
     }
     Findings findings;
     if (atLineEnds > 0) {
-        findings.push_back({file, 0, warning, "cr-lf",
+        findings.push_back({file,
+                            {},
+                            warning,
+                            "cr-lf",
                             "CR LF line ends (x" + std::to_string(atLineEnds) + "); the copies get them too"});
     }
     if (elsewhere > 0) {
         findings.push_back(
-            {file, lineOfFirst, warning, "carriage-return",
+            {file, positionAt(text, first), warning, "carriage-return",
              countedName("CR in a line", elsewhere) + ": what follows is shown over what stands before"});
     }
     return findings;
 }
 
-Findings checkDoubleEncoding(const std::string& file, const icu::UnicodeString& text, const LanguageProfile* language) {
+Findings checkDoubleEncoding(const NamedFile& file, const icu::UnicodeString& text, const LanguageProfile* language) {
     const DoubleEncoding found = findDoubleEncoding(text, language);
     if (found.lines == 0) return {};
     const std::string name = std::string("UTF-8 that was read as ") + found.codePage + " and encoded again";
-    return {{file, found.firstLine, error, "double-encoding", countedName(name, found.lines) + ": zev shows it so"}};
+    return {
+        {file, {found.firstLine, 1}, error, "double-encoding", countedName(name, found.lines) + ": zev shows it so"}};
 }
 
 }  // namespace
 
-Findings checkCharacters(const std::string& file, const icu::UnicodeString& text, const LanguageProfile* language,
+Findings checkCharacters(const NamedFile& file, const icu::UnicodeString& text, const LanguageProfile* language,
                          Readers readers) {
     const bool countsOneColumn = language != nullptr && !language->doubleWidth;
     std::vector<Sighting> sightings;
-    std::size_t line = 1;
-    for (int32_t i = 0; i < text.length();) {
+    int32_t next = 0;
+    for (int32_t i = 0; i < text.length(); i = next) {
         const UChar32 character = text.char32At(i);
-        i += U16_LENGTH(character);
-        if (character == u'\n') ++line;
+        next = i + U16_LENGTH(character);
         const CharacterRule* rule = ruleOf(character, countsOneColumn);
         if (rule == nullptr || (readers == Readers::ofCopy && rule->severity == warning)) continue;
         auto known = std::ranges::find(sightings, rule, &Sighting::rule);
-        if (known == sightings.end()) known = sightings.insert(known, {rule, line, 0});
+        if (known == sightings.end()) known = sightings.insert(known, {rule, i, 0});
         ++known->count;
     }
 
     Findings findings = checkCarriageReturns(file, text);
     std::ranges::move(checkDoubleEncoding(file, text, language), std::back_inserter(findings));
-    for (const auto& [rule, firstLine, count] : sightings) {
-        findings.push_back(
-            {file, firstLine, rule->severity, rule->kind, countedName(rule->name, count) + ": " + rule->effect});
+    for (const auto& [rule, first, count] : sightings) {
+        findings.push_back({file, positionAt(text, first), rule->severity, rule->kind,
+                            countedName(rule->name, count) + ": " + rule->effect});
     }
-    std::ranges::stable_sort(findings, {}, &Finding::line);
+    std::ranges::stable_sort(findings, {}, &Finding::position);
     return findings;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/run_options.h"
+#include "authoring/finding.h"
 
 namespace zev {
 
@@ -15,14 +16,24 @@ inline constexpr int findings = 1;
 inline constexpr int cannotWork = 2;
 }  // namespace authoring_status
 
+/// A directory as a result line begins with it: without the slashes at its end.
+[[nodiscard]] std::string nameOfDirectory(std::string directory);
+
+/// Says on standard error why the command cannot do its work. Returns the exit status for that.
+[[nodiscard]] int cannotWork(const std::string& reason);
+
 struct BuildCommand {
     std::string sources, output, standIn;
+    std::string language;  ///< that of `sources`, if they are one text
     int languageSet = defaultLanguageSet;
+    std::vector<Acceptance> accepted;
+    bool json = false, strict = false;
 };
 
 struct CheckCommand {
     std::string directory, standIn;
     int languageSet = defaultLanguageSet;
+    std::vector<Acceptance> accepted;
     bool pages = false, json = false, strict = false;
 };
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <unicode/unistr.h>
+
 #include <cstddef>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,25 +12,68 @@ namespace zev {
 
 enum class Severity { error, warning };
 
+/// A file that findings are about.
+struct NamedFile {
+    std::string path;  ///< as the user can open it: of a source for `build`, of a file of the set for `check`
+    std::string name;  ///< in the set, such as "LA_de"
+};
+
+/// A place in a text, in lines and characters (code points) from 1; 0 stands for none.
+struct Position {
+    std::size_t line = 0;
+    std::size_t column = 0;
+
+    auto operator<=>(const Position&) const = default;
+};
+
+/// The place of the code unit `offset`; lines end in line feeds.
+[[nodiscard]] Position positionAt(const icu::UnicodeString& text, int32_t offset);
+
 /// Something that is wrong with a licence text.
 struct Finding {
-    std::string file;      ///< as the user knows it
-    std::size_t line = 0;  ///< from 1; 0 stands for the file as a whole
+    NamedFile file;     ///< both names are empty if it is about no file
+    Position position;  ///< none if it is about the file as a whole
     Severity severity = Severity::error;
     const char* kind = "";  ///< its name for programs, such as "soft-hyphen"; the same in every version
     std::string message;
+    bool isAccepted = false;  ///< a warning that the user knows and lets pass
 };
 
 using Findings = std::vector<Finding>;
 
+/// Warnings of one kind that the user lets pass, as given to --accept.
+struct Acceptance {
+    std::string kind;
+    std::string file;  ///< the name of a file in the set; empty for all files
+};
+
+/// Reads "KIND" or "KIND:FILE". Nothing if one of them is empty.
+[[nodiscard]] std::optional<Acceptance> parseAcceptance(const std::string& text);
+
+/// Marks the warnings that `acceptances` meet as accepted. Errors cannot be accepted. An acceptance that meets no
+/// warning is a warning itself, about no file.
+void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptances);
+
+/// The findings of one severity that are not accepted.
 [[nodiscard]] std::size_t countOf(const Findings& findings, Severity severity);
 
-/// "<files>[:<line>]: error|warning: <message>", a line each; findings that differ in their file alone share one, where
-/// the first of them stands.
+/// Whether a command ends with the exit status of findings: for errors always, for warnings that are not accepted if it
+/// is strict.
+[[nodiscard]] bool areFatal(const Findings& findings, bool isStrict);
+
+/// One line for each finding: "<path>[:<line>:<column>]: error|warning|accepted: <message> [<kind>]". Findings without
+/// a position that differ in their file alone share a line, where the first of them stands.
 [[nodiscard]] std::string listFindings(const Findings& findings);
 
-/// "3 errors, 1 warning", or "no findings".
+/// "3 errors, 1 warning, 2 accepted", without the last part if there are none; or "no findings".
 [[nodiscard]] std::string summaryOf(const Findings& findings);
+
+/// {"errors", "warnings", "accepted", "findings"}: each finding with "file", the name in the set, "path", perhaps
+/// "line" and "column", "severity", "kind", "message" and "accepted".
+[[nodiscard]] nlohmann::ordered_json jsonOf(const Findings& findings);
+
+/// A report as it is printed, in UTF-8 whatever the names in it are.
+[[nodiscard]] std::string textOf(const nlohmann::ordered_json& report);
 
 /// "1 error", "2 errors".
 [[nodiscard]] std::string counted(std::size_t count, const std::string& noun);

@@ -7,16 +7,17 @@
 #include <iostream>
 
 #include "authoring/commands.h"
-#include "authoring/messages.h"
-#include "authoring/preview_html.h"
-#include "authoring/preview_text.h"
+#include "authoring/preview_page.h"
 #include "authoring/set_checks.h"
 #include "authoring/set_files.h"
+#include "authoring/shown_language.h"
+#include "console/code_page_loss.h"
+#include "console/non_vur_pager.h"
+#include "console/terminal_columns.h"
 #include "files/directory_listing.h"
+#include "files/license_text_set.h"
 
 namespace zev {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -27,6 +28,111 @@ std::vector<LanguageEntry> languagesOf(const PreviewCommand& preview) {
         return !preview.languages.empty() && std::ranges::count(preview.languages, language.code) == 0;
     });
     return languages;
+}
+
+std::vector<std::string> codesOf(const std::vector<LanguageEntry>& languages) {
+    std::vector<std::string> codes;
+    for (const LanguageEntry& language : languages) codes.emplace_back(language.code);
+    return codes;
+}
+
+/// Writes what zev shows, in UTF-8, after lines that begin with "==": figures, and the SHA-256 of the files. Each line
+/// stands after five columns, which mark it with ">" if it is too wide for the terminal. With the height of a screen,
+/// pages and prompts follow each other as they do for someone who presses Enter until the end.
+class TextPreview {
+public:
+    explicit TextPreview(const PreviewCommand& preview) : preview_(preview), sums_(sumsOfSet(preview.directory)) {}
+
+    void begin() { writeHead(nameOfDirectory(preview_.directory) + ": fingerprint " + sums_.fingerprint); }
+
+    void writeHead(const std::string& text) { std::cout << "== " << text << "\n"; }
+
+    void writeLanguage(const std::string& code, const ShownLanguage& language, const Screens& screens) {
+        writeFigures(code, language.text(), screens.license(), screens.pageCount());
+        writeSums({agreementName(code), informationName(code)});
+        if (preview_.pageHeight == 0) return writeLines(screens.license(), {0, screens.license().size()});
+        for (Page page = screens.firstPage();; page = screens.pageAfter(page)) {
+            writeLines(screens.license(), page);
+            const Prompt prompt = screens.promptBelow(page);
+            writeEmptyLines(prompt.emptyLines);
+            writeLines(prompt.lines, {0, prompt.lines.size()});
+            if (page.end == screens.license().size() || page.begin == page.end) break;  // or no text is ever seen
+            writeEmptyLines(1);                                                         // the answer
+        }
+    }
+
+    void writeTerms(const ShownTerms& terms) {
+        const TextLines& lines = *terms.lines.front();
+        const std::string languages = terms.isSameInAll ? "" : " in " + terms.languages();
+        writeFigures(nonVurTermsName + languages, terms.text, lines, pageCountOfTerms(lines, preview_.pageHeight));
+        writeSums({nonVurTermsName});
+        if (preview_.pageHeight == 0) return writeLines(lines, {0, lines.size()});
+        for (Page page = pageOfTerms(lines, 0, preview_.pageHeight);;
+             page = pageOfTerms(lines, page.end, preview_.pageHeight)) {
+            writeLines(lines, page);
+            writeEmptyLines(2);
+            std::cout << margin << morePrompt << "\n";
+            if (page.end == lines.size() || page.begin == page.end) break;
+            writeEmptyLines(1);
+        }
+    }
+
+private:
+    static constexpr const char* margin = "     ";
+
+    void writeFigures(const std::string& name, const icu::UnicodeString& text, const TextLines& lines,
+                      std::size_t pages) {
+        std::string figures = name + ", " + counted(static_cast<std::size_t>(preview_.width), "column");
+        if (!preview_.codePage.empty()) figures += ", " + printable(preview_.codePage);
+        figures += ": " + counted(lines.size(), "line");
+        if (preview_.pageHeight > 0) figures += ", " + counted(pages, "page");
+        if (!preview_.codePage.empty()) {
+            figures += ", " + counted(lossIn(preview_.codePage, text).count(), "character") + " lost";
+        }
+        writeHead(figures + ", " + counted(tooWideLines(lines, preview_.width), "line") + " too wide");
+    }
+
+    void writeSums(const std::vector<std::string>& names) {
+        for (const auto& [name, sum] : sums_.files) {
+            if (std::ranges::count(names, name) > 0) writeHead(name + ": SHA-256 " + sum);
+        }
+    }
+
+    void writeEmptyLines(std::size_t count) { std::cout << std::string(count, '\n'); }
+
+    void writeLines(const TextLines& lines, Page page) {
+        for (std::size_t i = page.begin; i < page.end; ++i) {
+            const icu::UnicodeString line = lineOf(lines, i);
+            std::string bytes;
+            line.toUTF8String(bytes);
+            const bool isTooWide = terminalColumns(line) > preview_.width;
+            std::cout << (isTooWide ? "   > " : bytes == "\n" ? "" : margin) << bytes;
+        }
+        writeEmptyLines(page.emptyLines);
+    }
+
+    const PreviewCommand& preview_;
+    const SetSums sums_;
+};
+
+int previewText(const PreviewCommand& preview) {
+    int status = authoring_status::clean;
+    const auto languages = languagesOf(preview);
+    TextPreview text(preview);
+    text.begin();
+    for (const auto& [code, englishName] : languages) {
+        ShownLanguage language(preview.directory, preview.languageSet, code);
+        const auto screens = language.load() ? language.layOut({preview.width, preview.pageHeight}) : nullptr;
+        if (screens) {
+            text.writeLanguage(code, language, *screens);
+        } else {
+            text.writeHead(code + std::string(": zev cannot show it; zev-licenses check says why"));
+            status = authoring_status::findings;
+        }
+    }
+    const std::vector<int32_t> widths{preview.width};
+    for (const ShownTerms& terms : layOutTerms(preview.directory, codesOf(languages), widths)) text.writeTerms(terms);
+    return status;
 }
 
 /// Tells someone who waits at a terminal how far the work is, from the second second on.
@@ -55,38 +161,46 @@ private:
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-int previewText(const PreviewCommand& preview) {
-    int status = authoring_status::clean;
-    for (const auto& [code, englishName] : languagesOf(preview)) {
-        ShownLanguage language(preview.directory, preview.languageSet, code);
-        const auto screens = language.load() ? language.layOut({preview.width, preview.pageHeight}) : nullptr;
-        if (screens) {
-            writePreview(std::cout, code, language, *screens, preview);
-        } else {
-            std::cout << "== " << code << ": zev cannot show it; zev-licenses check says why\n";
-            status = authoring_status::findings;
-        }
+/// The findings of what a page shows. If languages were named, nothing but their texts and the terms is on it.
+Findings findingsFor(const PreviewCommand& preview, Findings findings) {
+    if (preview.languages.empty()) return findings;
+    std::vector<std::string> shown{nonVurTermsName};
+    for (const std::string& code : preview.languages) {
+        shown.insert(shown.end(), {agreementName(code), informationName(code)});
     }
-    return status;
+    std::erase_if(findings, [&](const Finding& finding) { return std::ranges::count(shown, finding.file.name) == 0; });
+    return findings;
+}
+
+/// A page that cannot be written to its end is removed.
+int writePage(const std::string& path, const std::string& html) {
+    namespace fs = std::filesystem;
+    std::ofstream file(path, std::ios::binary);
+    const bool isBegun = file.is_open();
+    file << html;
+    file.close();
+    if (file) return authoring_status::clean;
+    std::error_code error;
+    if (isBegun && fs::is_regular_file(fs::symlink_status(path, error))) fs::remove(path, error);
+    return cannotWork(path + ": cannot be written");
 }
 
 int previewHtml(const PreviewCommand& preview, const Findings& findings) {
     const auto languages = languagesOf(preview);
+    const SetSums sums = sumsOfSet(preview.directory);
     int status = authoring_status::clean;
-    PreviewPage page(preview, findings);
-    Progress progress(languages.size());
+    PreviewPage page(preview, findings, sums);
+    Progress progress(languages.size() + 1);
     for (const LanguageEntry& language : languages) {
         progress.startOn(language.englishName);
-        if (!page.add(language)) status = authoring_status::findings;
+        if (!page.addLanguage(language)) status = authoring_status::findings;
     }
-    std::ofstream file(preview.html, std::ios::binary);
-    const bool isBegun = file.is_open();
-    file << page.html();
-    file.close();
-    if (file) return status;
-    std::error_code error;
-    if (isBegun && fs::is_regular_file(fs::symlink_status(preview.html, error))) fs::remove(preview.html, error);
-    return cannotWork(preview.html + ": cannot be written");
+    progress.startOn("Terms of other parties");
+    for (const ShownTerms& terms : layOutTerms(preview.directory, codesOf(languages), PreviewPage::widths)) {
+        page.addTerms(terms);
+    }
+    const int written = writePage(preview.html, page.html());
+    return written == authoring_status::clean ? status : written;
 }
 
 }  // namespace
@@ -99,7 +213,7 @@ int runPreview(const PreviewCommand& preview) {
         return listDirectory(preview.directory, names, problem) ? previewText(preview) : cannotWork(problem);
     }
     if (!checkSet(preview.directory, {preview.languageSet, ""}, findings, problem)) return cannotWork(problem);
-    return previewHtml(preview, findings);
+    return previewHtml(preview, findingsFor(preview, std::move(findings)));
 }
 
 }  // namespace zev

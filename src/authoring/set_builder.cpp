@@ -3,15 +3,16 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 
 #include "app/run_options.h"
-#include "authoring/finished_text.h"
+#include "authoring/set_checks.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
 #include "files/atomic_directory.h"
 #include "files/directory_listing.h"
-#include "files/license_text_set.h"
 #include "files/paths.h"
 #include "files/regular_file.h"
 
@@ -19,42 +20,70 @@ namespace zev {
 
 namespace {
 
-constexpr const char* sourceSuffix = ".txt";
+constexpr std::string_view sourceSuffix = ".txt";
 
-std::string nameOf(TextKind kind, const std::string& code) {
-    return kind == TextKind::agreement ? agreementName(code) : informationName(code);
+const char* nameOfEncoding(Encoding encoding) {
+    switch (encoding) {
+        case Encoding::utf8: return "zero bytes";
+        case Encoding::utf16: return "UTF-16, as some editors save a text";
+        case Encoding::utf16LittleEndian: return "UTF-16 without a byte order mark";
+        case Encoding::utf32: return "UTF-32";
+        case Encoding::codePage: return "an 8-bit code page, or a text that was damaged";
+    }
+    return "";
+}
+
+/// English in UTF-16 without a mark is well-formed UTF-8, but nearly every second byte of it is zero.
+bool isHalfZeros(const std::string& bytes) {
+    return 5 * std::ranges::count(bytes, '\0') >= 2 * static_cast<std::ptrdiff_t>(bytes.size());
 }
 
 /// The texts that a set is made of, as far as they are there.
 class Sources {
 public:
-    Sources(const std::string& directory, const BuildOptions& options) : directory_(directory), options_(options) {
-        for (const SetFile& file : filesOfSet(options.languageSet)) read(file);
+    explicit Sources(const BuildOptions& options)
+        : options_(options), files_(filesOfSet(options.languageSet)), standIn_(options.standIn) {}
+
+    void readDirectory(const std::string& directory) {
+        for (const SetFile& file : files_) {
+            const std::string path = joinPath(directory, file.name + std::string(sourceSuffix));
+            if (!read(file, path) && file.language != nullptr) missing_.push_back({file, path});
+        }
     }
 
-    /// What `check` calls an error, and texts that nothing stands in for.
-    [[nodiscard]] Findings errors() const {
-        Findings errors = errors_;
-        for (const SetFile& file : missing_) {
-            if (options_.standIn.empty() || isMissing(nameOf(file.kind, options_.standIn))) {
-                errors.push_back({labelOf(file.name), 0, Severity::error, "missing", missingFile});
-            }
+    void readAgreement(const std::string& path) {
+        standIn_ = options_.language;
+        for (const SetFile& file : files_) {
+            const bool isIt = file.name == nameOf(TextKind::agreement, standIn_) && read(file, path);
+            if (!isIt && file.language != nullptr) missing_.push_back({file, path});
         }
-        for (const Finding& finding : checkTexts(texts_, options_.standIn)) {
-            if (finding.severity == Severity::error) errors.push_back(finding);
-        }
-        return errors;
     }
 
-    /// The files of the set; there are no errors.
+    [[nodiscard]] bool hasAgreements() const {
+        return missingOf(TextKind::agreement).size() < languagesOfSet(options_.languageSet).size();
+    }
+
+    /// What `check` finds in the texts, and texts for which there is none.
+    [[nodiscard]] Findings findings() const {
+        Findings findings = unreadable_;
+        for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
+            std::ranges::move(findMissing(kind), std::back_inserter(findings));
+        }
+        std::ranges::move(checkTexts(texts_, standIn_), std::back_inserter(findings));
+        std::ranges::move(checkWords(texts_), std::back_inserter(findings));
+        std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
+        return findings;
+    }
+
+    /// The files of the set; the findings are not fatal.
     [[nodiscard]] DirectoryContent content() const {
         DirectoryContent content;
-        for (const SetText& text : texts_)
+        for (const SetText& text : texts_) {
             content.emplace_back(text.file.name, finishedText(text.text, text.file.kind));
-        for (const SetFile& file : missing_) {
-            const auto standIn =
-                std::ranges::find(content, nameOf(file.kind, options_.standIn), &DirectoryContent::value_type::first);
-            content.emplace_back(file.name, standIn->second);
+        }
+        for (const auto& [file, path] : missing_) {
+            const auto standIn = std::ranges::find(content, nameOf(file.kind, standIn_), &DirectoryFile::first);
+            content.emplace_back(file.name, isAbsent(file.kind) ? finishedText(u"", file.kind) : standIn->second);
         }
         return content;
     }
@@ -62,91 +91,188 @@ public:
     [[nodiscard]] std::vector<std::string> notes() const {
         std::vector<std::string> notes;
         for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
-            std::string note = nameOf(kind, "").substr(0, 2) + ": " + options_.standIn + " stands in for";
-            const std::size_t beginning = note.size();
-            for (const SetFile& file : missing_) {
-                if (file.kind == kind) note += std::string(" ") + file.language->code;
+            const std::string prefix = nameOf(kind, "").substr(0, 2) + ": ";
+            const auto missing = missingOf(kind);
+            if (isAbsent(kind)) {
+                notes.push_back(prefix + "none; a line feed takes its place in every language");
+            } else if (!missing.empty()) {
+                notes.push_back(prefix + standIn_ + " stands in for" + listOfLanguages(missing));
             }
-            if (note.size() > beginning) notes.push_back(note);
         }
         return notes;
     }
 
 private:
-    [[nodiscard]] std::string labelOf(const std::string& name) const {
-        return joinPath(directory_, name + sourceSuffix);
+    using DirectoryFile = DirectoryContent::value_type;
+
+    struct MissingSource {
+        SetFile file;
+        std::string path;
+    };
+
+    [[nodiscard]] std::size_t placeOf(const std::string& name) const {
+        return static_cast<std::size_t>(std::ranges::find(files_, name, &SetFile::name) - files_.begin());
     }
 
-    [[nodiscard]] bool isMissing(const std::string& name) const {
-        return std::ranges::find(missing_, name, &SetFile::name) != missing_.end();
+    [[nodiscard]] std::vector<MissingSource> missingOf(TextKind kind) const {
+        std::vector<MissingSource> missing;
+        std::ranges::copy_if(missing_, std::back_inserter(missing),
+                             [kind](const MissingSource& source) { return source.file.kind == kind; });
+        return missing;
     }
 
-    void read(const SetFile& file) {
-        const std::string label = labelOf(file.name);
-        const FileContent content = readRegularFile(label);
-        if (content.problem == missingFile) {
-            if (file.language != nullptr) missing_.push_back(file);
-            return;
+    /// Whether no language has information. A product may have none; it always has an agreement.
+    [[nodiscard]] bool isAbsent(TextKind kind) const {
+        return kind == TextKind::information && missingOf(kind).size() == languagesOfSet(options_.languageSet).size();
+    }
+
+    static std::string listOfLanguages(const std::vector<MissingSource>& missing) {
+        std::string list;
+        for (const MissingSource& source : missing) list += std::string(" ") + source.file.language->code;
+        return list;
+    }
+
+    [[nodiscard]] Findings findMissing(TextKind kind) const {
+        if (isAbsent(kind)) return {};
+        auto missing = missingOf(kind);
+        std::string why = missingFile;
+        const auto standIn = std::ranges::find_if(
+            missing, [this](const MissingSource& source) { return source.file.language->code == standIn_; });
+        if (!standIn_.empty() && standIn == missing.end()) return {};
+        if (standIn != missing.end()) {
+            const MissingSource only = *standIn;
+            missing.erase(standIn);
+            if (!missing.empty()) why += "; it is to stand in for" + listOfLanguages(missing);
+            missing = {only};
         }
+        Findings findings;
+        for (const auto& [file, path] : missing) {
+            findings.push_back({{path, file.name}, {}, Severity::error, "missing", why});
+        }
+        return findings;
+    }
+
+    /// False if there is no such file.
+    bool read(const SetFile& file, const std::string& path) {
+        const FileContent content = readRegularFile(path);
+        if (content.problem == missingFile) return false;
         if (!content.good()) {
-            errors_.push_back({label, 0, Severity::error, "unreadable", content.problem});
-            return;
+            unreadable_.push_back({{path, file.name}, {}, Severity::error, "unreadable", content.problem});
+            return true;
         }
-        SetText text{file, label, {}};
-        const auto wellFormed = static_cast<std::ptrdiff_t>(decodeUtf8(content.bytes, text.text));
-        if (content.bytes.begin() + wellFormed != content.bytes.end()) {
-            const auto lineFeeds = std::count(content.bytes.begin(), content.bytes.begin() + wellFormed, '\n');
-            errors_.push_back(
-                {label, 1 + static_cast<std::size_t>(lineFeeds), Severity::error, "encoding", "not UTF-8"});
-            return;
+        icu::UnicodeString text;
+        const std::size_t wellFormed = decodeUtf8(content.bytes, text);
+        const bool isWellFormed = wellFormed == content.bytes.size();
+        if (isWellFormed && (content.bytes.empty() || !isHalfZeros(content.bytes))) {
+            texts_.push_back({file, path, repairedText(std::move(text), file.kind)});
+            return true;
         }
-        texts_.push_back(std::move(text));
+        const std::string encoding = nameOfEncoding(decodeText(content.bytes, file.language).encoding);
+        unreadable_.push_back({{path, file.name},
+                               isWellFormed ? Position{} : positionAt(text, text.length()),
+                               Severity::error,
+                               "encoding",
+                               "not UTF-8 but " + encoding + "; save it as UTF-8"});
+        return true;
     }
 
-    const std::string& directory_;
     const BuildOptions& options_;
+    const std::vector<SetFile> files_;
+    std::string standIn_;
     std::vector<SetText> texts_;
-    std::vector<SetFile> missing_;
-    Findings errors_;
+    std::vector<MissingSource> missing_;
+    Findings unreadable_;
 };
 
-/// Files of the sources that look like texts and are none of any set: a slip of the pen would let another text stand
-/// in, or leave one out.
-Findings misnamedSources(const std::string& directory, std::string& problem) {
-    const std::string stems[]{agreementName(""), informationName(""), "non_vur", "notice"};
+bool isReadme(const std::string& name) {
+    constexpr std::string_view readme = "README";
+    return strncasecmp(name.c_str(), readme.data(), readme.size()) == 0 &&
+           (name.size() == readme.size() || name[readme.size()] == '.');
+}
+
+/// The files of a directory that are no text of any set, hidden ones and README aside. In one of them may be a text
+/// that its author believes to be in the set.
+std::vector<std::string> otherFiles(const std::string& directory, std::string& problem) {
     const auto files = filesOfSet(defaultLanguageSet);
     std::vector<std::string> names;
+    if (!listDirectory(directory, names, problem)) return {};
+    std::erase_if(names, [&](const std::string& name) {
+        const auto isItsName = [&](const SetFile& file) { return file.name + std::string(sourceSuffix) == name; };
+        std::error_code error;
+        return name.starts_with('.') || isReadme(name) || std::ranges::any_of(files, isItsName) ||
+               std::filesystem::is_directory(joinPath(directory, name), error);
+    });
+    return names;
+}
+
+Findings misnamedSources(const std::string& directory, const std::vector<std::string>& names) {
     Findings findings;
-    if (!listDirectory(directory, names, problem)) return findings;
     for (const std::string& name : names) {
-        const auto beginsLike = [&](const std::string& stem) {
-            return strncasecmp(name.c_str(), stem.c_str(), stem.size()) == 0;
-        };
-        const bool looksLikeText = std::ranges::any_of(stems, beginsLike);
-        const auto isItsName = [&](const SetFile& file) { return file.name + sourceSuffix == name; };
-        if (looksLikeText && std::ranges::none_of(files, isItsName)) {
-            findings.push_back(
-                {joinPath(directory, name), 0, Severity::warning, "name", "not the name of a text of any set"});
-        }
+        findings.push_back({{joinPath(directory, name), name},
+                            {},
+                            Severity::warning,
+                            "name",
+                            "not the name of a text of any set, so it is left out"});
     }
     return findings;
 }
 
+bool isText(const std::string& path) {
+    if (path.ends_with(sourceSuffix)) return true;
+    const FileContent content = readRegularFile(path);
+    icu::UnicodeString text;
+    return content.good() && decodeUtf8(content.bytes, text) == content.bytes.size();
+}
+
+Finding noAgreements(const std::string& directory, const std::vector<std::string>& names) {
+    std::string texts;
+    for (const std::string& name : names) {
+        if (isText(joinPath(directory, name))) texts += (texts.empty() ? "" : ", ") + printable(name);
+    }
+    return {{directory, ""},
+            {},
+            Severity::error,
+            "missing",
+            texts.empty() ? "no agreement LA_xx.txt, and no other text file"
+                          : "no agreement LA_xx.txt, but " + texts +
+                                "; if one text is for all languages, name that file, and its language with --lang"};
+}
+
 }  // namespace
 
-BuildResult buildSet(const std::string& sourceDirectory, const std::string& output, const BuildOptions& options) {
+BuildResult buildSet(const std::string& sourcePath, const std::string& output, const BuildOptions& options) {
     BuildResult result;
-    result.findings = misnamedSources(sourceDirectory, result.problem);
+    Sources sources(options);
+    std::error_code error;
+    const auto status = std::filesystem::status(sourcePath, error);
+    const bool isOneText = std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+    if (isOneText && options.language.empty()) {
+        result.problem = sourcePath + ": one text; name its language, such as --lang en";
+    } else if (std::filesystem::is_directory(status) && !options.language.empty()) {
+        result.problem = sourcePath + ": a directory; --lang is the language of one text";
+    } else if (isOneText) {
+        sources.readAgreement(sourcePath);
+        result.findings = sources.findings();
+    } else if (const auto others = otherFiles(sourcePath, result.problem); result.problem.empty()) {
+        sources.readDirectory(sourcePath);
+        if (sources.hasAgreements()) {
+            result.findings = misnamedSources(sourcePath, others);
+            std::ranges::move(sources.findings(), std::back_inserter(result.findings));
+        } else {
+            result.findings = {noAgreements(sourcePath, others)};
+        }
+    }
     if (!result.problem.empty()) return result;
-    const Sources sources(sourceDirectory, options);
-    std::ranges::copy(sources.errors(), std::back_inserter(result.findings));
-    if (countOf(result.findings, Severity::error) > 0) return result;
+    acceptFindings(result.findings, options.accepted);
+    if (areFatal(result.findings, options.isStrict)) return result;
+
     result.problem = whyNotReplaceable(output);
     if (!result.problem.empty()) return result;
     const DirectoryContent content = sources.content();
+    result.problem = replaceDirectory(output, content);
+    if (!result.problem.empty()) return result;
     result.notes = sources.notes();
     result.files = content.size();
-    result.problem = replaceDirectory(output, content);
     return result;
 }
 

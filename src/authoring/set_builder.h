@@ -9,20 +9,24 @@ namespace zev {
 
 struct BuildOptions {
     int languageSet = 0;
-    std::string standIn;  ///< the language whose text takes the place of a missing one; none where empty
+    std::string standIn;   ///< the language whose texts take the place of missing ones; none if empty
+    std::string language;  ///< that of the one text, if the sources are a file
+    std::vector<Acceptance> accepted;
+    bool isStrict = false;  ///< warnings that are not accepted keep the set from being written
 };
 
-/// What building a set came to. The set is there when `problem` is empty and no finding is an error.
+/// What building a set came to. The set is there if `problem` is empty and the findings are not fatal.
 struct BuildResult {
-    Findings findings;               ///< errors in the sources, and files among them that are no source
+    Findings findings;               ///< in the sources, with their paths and positions
     std::string problem;             ///< why a set of good sources could not be written
     std::vector<std::string> notes;  ///< such as "LA: en stands in for cs el"
     std::size_t files = 0;
 };
 
-/// Makes the licence directory `output` of the texts in `sources`, which are named as in the set with ".txt" behind and
-/// written in UTF-8, by the rules of finishedText. `output` is replaced as a whole, and only when it holds nothing that
-/// this would not have written.
+/// Makes the licence directory `output` of texts in UTF-8, by the rules of finishedText. `sources` is a directory of
+/// texts with the names of the set and ".txt", or one agreement for all languages. If no language has information, or
+/// if a text of it is empty, a line feed takes its place. `output` is replaced as a whole, and only if it holds nothing
+/// that this would not have written.
 [[nodiscard]] BuildResult buildSet(const std::string& sources, const std::string& output, const BuildOptions& options);
 
 }  // namespace zev

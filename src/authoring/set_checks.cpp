@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/exit_code.h"
+#include "app/run_options.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
@@ -37,11 +38,6 @@ const char* encodingError(Encoding encoding) {
     return nullptr;
 }
 
-std::size_t lineAt(const icu::UnicodeString& text, int32_t position) {
-    const char16_t* units = text.getBuffer();
-    return 1 + static_cast<std::size_t>(std::count(units, units + position, u'\n'));
-}
-
 class SetCheck {
 public:
     SetCheck(const std::string& directory, const CheckOptions& options) : directory_(directory), options_(options) {}
@@ -49,8 +45,10 @@ public:
     Findings run(const std::vector<std::string>& names) {
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
         std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
+        std::ranges::move(checkWords(texts_), std::back_inserter(findings_));
         for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
-        std::ranges::stable_sort(findings_, {}, [this](const Finding& finding) { return order_.at(finding.file); });
+        std::ranges::stable_sort(findings_, {},
+                                 [this](const Finding& finding) { return order_.at(finding.file.name); });
         for (const std::string& name : names) {
             if (!order_.contains(name))
                 addFinding(name, Severity::warning, "name", "zev never reads a file of this name");
@@ -59,14 +57,16 @@ public:
     }
 
 private:
+    [[nodiscard]] std::string pathOf(const std::string& name) const { return joinPath(directory_, name); }
+
     void addFinding(const std::string& name, Severity severity, const char* kind, const std::string& message,
-                    std::size_t line = 0) {
-        findings_.push_back({name, line, severity, kind, message});
+                    Position position = {}) {
+        findings_.push_back({{pathOf(name), name}, position, severity, kind, message});
     }
 
     void readFile(const SetFile& file) {
         order_.emplace(file.name, order_.size());
-        const FileContent content = readRegularFile(joinPath(directory_, file.name));
+        const FileContent content = readRegularFile(pathOf(file.name));
         if (!content.good()) {
             const bool isMissing = content.problem == missingFile;
             if (isMissing && file.language == nullptr) return;
@@ -81,26 +81,15 @@ private:
             addFinding(file.name, Severity::error, "odd-byte", "odd number of bytes; the last one is half a character");
         }
         const bool isDecoded = decoded.encoding != Encoding::codePage && decoded.encoding != Encoding::utf32;
-        if (isDecoded) texts_.push_back({file, file.name, decoded.text});
+        if (isDecoded) texts_.push_back({file, pathOf(file.name), decoded.text});
     }
 
     void checkLayout(const std::string& code) {
         ShownLanguage language(directory_, options_.languageSet, code);
         if (!language.load()) return;  // the files have findings that say why
-        if (!language.layOut({})) {
-            addFinding(agreementName(code), Severity::error, "layout",
-                       "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
-        }
-        for (const SetText& text : texts_) {
-            const bool isShownIn = text.file.language != nullptr
-                                       ? text.file.language->code == code
-                                       : text.file.kind == TextKind::otherPartiesTerms && code == "en";
-            int32_t position = 0;
-            if (!isShownIn || !language.hasTooWideWord(text.text, usualWidth, position)) continue;
-            addFinding(text.label, Severity::warning, "wide-word",
-                       "a word that a line of 80 columns cannot hold is cut, or its line overflows",
-                       lineAt(text.text, position));
-        }
+        if (language.layOut({})) return;
+        addFinding(agreementName(code), Severity::error, "layout",
+                   "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
     }
 
     const std::string& directory_;
@@ -111,6 +100,19 @@ private:
 };
 
 }  // namespace
+
+Findings checkWords(std::span<const SetText> texts) {
+    Findings findings;
+    for (const SetText& text : texts) {
+        if (text.file.kind == TextKind::notices) continue;  // never shown
+        const ShownLanguage language("", defaultLanguageSet, text.file.language ? text.file.language->code : "en");
+        int32_t position = 0;
+        if (!language.hasTooWideWord(text.text, usualWidth, position)) continue;
+        findings.push_back({text.namedFile(), positionAt(text.text, position), Severity::warning, "wide-word",
+                            "a word that a line of 80 columns cannot hold is cut, or its line overflows"});
+    }
+    return findings;
+}
 
 bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings, std::string& problem) {
     std::vector<std::string> names;

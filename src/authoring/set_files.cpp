@@ -1,19 +1,96 @@
 #include "authoring/set_files.h"
 
+#include <algorithm>
+#include <filesystem>
+
+#include "app/run_options.h"
+#include "authoring/text_encoding.h"
+#include "files/directory_listing.h"
+#include "files/license_fingerprint.h"
 #include "files/license_text_set.h"
+#include "files/paths.h"
+#include "files/regular_file.h"
 
 namespace zev {
+
+namespace {
+
+icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text) {
+    icu::UnicodeString result;
+    for (int32_t i = 0; i < text.length(); ++i) {
+        if (text[i] != u'\r') {
+            result += text[i];
+            continue;
+        }
+        while (text.charAt(i + 1) == u'\r') ++i;
+        if (text.charAt(i + 1) != u'\n') result += u'\n';
+    }
+    return result;
+}
+
+/// Whether the bytes of a file are those that its own text would be written as.
+bool isFinished(const std::filesystem::path& path, const SetFile& file) {
+    const FileContent content = readRegularFile(path);
+    return content.good() && finishedText(decodeText(content.bytes, file.language).text, file.kind) == content.bytes;
+}
+
+}  // namespace
 
 std::vector<SetFile> filesOfSet(int languageSet) {
     std::vector<SetFile> files;
     for (const auto& [code, englishName] : languagesOfSet(languageSet)) {
-        const LanguageProfile* language = &profileOf(code);
-        files.push_back({agreementName(code), TextKind::agreement, language});
-        files.push_back({informationName(code), TextKind::information, language});
+        for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
+            files.push_back({nameOf(kind, code), kind, &profileOf(code)});
+        }
     }
     files.push_back({nonVurTermsName, TextKind::otherPartiesTerms, nullptr});
     files.push_back({noticesName, TextKind::notices, nullptr});
     return files;
+}
+
+std::string nameOf(TextKind kind, const std::string& code) {
+    return kind == TextKind::agreement ? agreementName(code) : informationName(code);
+}
+
+icu::UnicodeString repairedText(icu::UnicodeString text, TextKind kind) {
+    while (text.startsWith(u"\uFEFF")) text.remove(0, 1);
+    if (text.indexOf(u'\r') >= 0) text = withoutCarriageReturns(text);
+    if (kind == TextKind::agreement && !text.endsWith(u"\n")) text += u'\n';
+    return text;
+}
+
+std::string finishedText(const icu::UnicodeString& text, TextKind kind) {
+    icu::UnicodeString finished = repairedText(text, kind);
+    if (kind == TextKind::information && !finished.startsWith(u"\n")) finished.insert(0, u'\n');
+    return encodeUtf16(finished);
+}
+
+SetSums sumsOfSet(const std::string& directory) {
+    SetSums sums;
+    for (const std::string& name : licenseFileNames(defaultLanguageSet)) {
+        const FileContent content = readRegularFile(joinPath(directory, name));
+        if (content.good()) sums.files.push_back({name, sha256(content.bytes)});
+    }
+    sums.fingerprint = licenseFingerprint(sums.files);
+    return sums;
+}
+
+std::string whyNotReplaceable(const std::string& directory) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (!fs::exists(directory, error) && !error) return "";
+    const auto files = filesOfSet(defaultLanguageSet);
+    std::vector<std::string> names;
+    std::string problem;
+    if (!listDirectory(directory, names, problem)) return problem;
+    for (const std::string& name : names) {
+        const fs::path path = fs::path(directory) / name;
+        const auto file = std::ranges::find(files, name, &SetFile::name);
+        if (file == files.end() || fs::is_symlink(path, error) || !isFinished(path, *file)) {
+            return directory + ": not replaced: it holds " + name + ", which this command has not written";
+        }
+    }
+    return "";
 }
 
 }  // namespace zev

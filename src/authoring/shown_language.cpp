@@ -3,11 +3,14 @@
 #include <sys/stat.h>
 #include <unicode/brkiter.h>
 
+#include <algorithm>
 #include <utility>
 
+#include "app/run_options.h"
 #include "console/license_dialog.h"
 #include "console/line_breaking.h"
 #include "console/terminal_columns.h"
+#include "files/encoded_text_file.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
 #include "lang/resource_factory.h"
@@ -55,7 +58,11 @@ bool ShownLanguage::load() {
     for (const std::string& code : {code_, std::string("en")}) {
         if (isSpecial(agreementPath(own, code)) || isSpecial(informationPath(own, code))) return false;
     }
-    return !isSpecial(joinPath(directory_, nonVurTermsName)) && readLicenseText(own, text_);
+    if (isSpecial(joinPath(directory_, nonVurTermsName)) || !readLicenseText(own, text_)) return false;
+    std::size_t units = 0;
+    if (!countFileChars(agreementPath(own, code_), licenseCodePage, units)) return false;
+    agreementEnd_ = static_cast<int32_t>(std::min(units, static_cast<std::size_t>(text_.length())));
+    return true;
 }
 
 icu::UnicodeString ShownLanguage::name() const { return context().resource->LANGNAME_KEY().unescape(); }
@@ -64,6 +71,24 @@ std::unique_ptr<const Screens> ShownLanguage::layOut(ScreenSize size) const {
     RunContext own = context();
     LicenseDialog dialog(own, size);
     return Screens::layOut(dialog, text_);
+}
+
+Boundary ShownLanguage::boundaryIn(const TextLines& license, int32_t width) const {
+    const icu::UnicodeString agreement = text_.tempSubString(0, agreementEnd_);
+    const auto lines = layOutText(agreement, width);
+    if (!lines || agreement.length() == text_.length()) return {};
+    const Boundary boundary{lines->size(), !agreement.endsWith(u"\n")};
+    // In a double-width language, a cut may run past the line feed between the two.
+    const std::size_t ownLines = lines->size() - (boundary.isInLine ? 1 : 0);
+    for (std::size_t i = 0; i < ownLines; ++i) {
+        if (i >= license.size() || (*lines)[i] != license[i]) return {};
+    }
+    return boundary;
+}
+
+std::unique_ptr<TextLines> ShownLanguage::layOutText(const icu::UnicodeString& text, int32_t width) const {
+    RunContext own = context();
+    return breakText(LicenseDialog(own), text, width);
 }
 
 bool ShownLanguage::hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const {
@@ -82,6 +107,39 @@ bool ShownLanguage::hasTooWideWord(const icu::UnicodeString& text, int32_t width
         return true;
     }
     return false;
+}
+
+std::string ShownTerms::languages() const {
+    std::string list;
+    for (const std::string& code : codes) list += (list.empty() ? "" : ", ") + code;
+    return list;
+}
+
+std::vector<ShownTerms> layOutTerms(const std::string& directory, std::span<const std::string> codes,
+                                    std::span<const int32_t> widths) {
+    RunContext context;
+    context.licenseDir = directory;
+    icu::UnicodeString text;
+    std::vector<ShownTerms> all;
+    if (isSpecial(joinPath(directory, nonVurTermsName)) || !readNonVurText(context, text)) return all;
+    const auto isEqual = [](const auto& one, const auto& other) { return *one == *other; };
+    for (const std::string& code : codes) {
+        const ShownLanguage language(directory, defaultLanguageSet, code);
+        std::vector<std::unique_ptr<TextLines>> lines;
+        for (const int32_t width : widths) {
+            lines.push_back(language.layOutText(text, width));
+            if (!lines.back()) return {};
+        }
+        const auto known = std::ranges::find_if(
+            all, [&](const ShownTerms& terms) { return std::ranges::equal(terms.lines, lines, isEqual); });
+        if (known != all.end()) {
+            known->codes.push_back(code);
+        } else {
+            all.push_back({{code}, text, std::move(lines)});
+        }
+    }
+    for (ShownTerms& terms : all) terms.isSameInAll = all.size() == 1;
+    return all;
 }
 
 }  // namespace zev

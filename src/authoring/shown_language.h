@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "app/run_context.h"
 #include "console/screens.h"
@@ -18,6 +20,12 @@ namespace zev {
 
 /// How many lines take more columns on the terminal than its width.
 [[nodiscard]] std::size_t tooWideLines(const TextLines& lines, int32_t width);
+
+/// Where the information begins among the lines that agreement and information are laid out in.
+struct Boundary {
+    std::size_t line = 0;   ///< the first line that has none of the agreement; 0 if there is no such line
+    bool isInLine = false;  ///< the information begins in the line before
+};
 
 /// One language of a licence directory, laid out by the code that zev itself runs. Traditional Chinese, which zev only
 /// copies, is laid out by the same rules.
@@ -37,6 +45,12 @@ public:
     /// What zev shows on a screen of a size, after `load`; null when there is nothing to lay out.
     [[nodiscard]] std::unique_ptr<const Screens> layOut(ScreenSize size) const;
 
+    /// Where the information begins in `license`, which is laid out at `width` columns.
+    [[nodiscard]] Boundary boundaryIn(const TextLines& license, int32_t width) const;
+
+    /// Lays out a text as zev does while it speaks this language. Null if it is empty.
+    [[nodiscard]] std::unique_ptr<TextLines> layOutText(const icu::UnicodeString& text, int32_t width) const;
+
     /// Whether `text` has a word that zev cuts because it is wider than a line, or whose line it lets overflow;
     /// `position` is that of the first, in code units.
     [[nodiscard]] bool hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const;
@@ -49,6 +63,23 @@ private:
     std::string directory_, code_;
     int languageSet_;
     icu::UnicodeString text_;
+    int32_t agreementEnd_ = 0;  ///< in `text_`
 };
+
+/// The terms of other parties as they are shown to those who read one of some languages.
+struct ShownTerms {
+    std::vector<std::string> codes;  ///< of the languages
+    icu::UnicodeString text;
+    std::vector<std::unique_ptr<TextLines>> lines;  ///< for each width
+    bool isSameInAll = true;                        ///< or other languages break its lines in other places
+
+    /// Such as "ja, ko".
+    [[nodiscard]] std::string languages() const;
+};
+
+/// Lays out the terms of other parties for screens of some widths and readers of some languages, which share a result
+/// if all of it is the same. Nothing if the directory has no terms, or none that zev could show.
+[[nodiscard]] std::vector<ShownTerms> layOutTerms(const std::string& directory, std::span<const std::string> codes,
+                                                  std::span<const int32_t> widths);
 
 }  // namespace zev

@@ -40,12 +40,15 @@ Findings checkLanguage(const SetText& text) {
     const LanguageProfile* language = text.file.language;
     if (language == nullptr) return {};
     if (!isWrittenIn(*language, text.text)) {
-        return {{text.label, 0, Severity::error, "script", "most letters are not of the language's script"}};
+        return {{text.namedFile(), {}, Severity::error, "script", "most letters are not of the language's script"}};
     }
     const std::string better = clearlyBetterLanguage(text.text, language->code);
     if (better.empty()) return {};
-    return {
-        {text.label, 0, Severity::warning, "language", "most of it reads like " + better + "; are two files swapped?"}};
+    return {{text.namedFile(),
+             {},
+             Severity::warning,
+             "language",
+             "most of it reads like " + better + "; are two files swapped?"}};
 }
 
 }  // namespace
@@ -58,7 +61,9 @@ Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) 
         const SetText& text = texts[i];
         const SetText& original = texts[repeated[i]];
         if (!hasVisibleText(text.text)) {
-            add({{text.label, 0, Severity::error, "empty", "empty"}});
+            // A product may have nothing to say there, but the file must be there.
+            const bool mayBeEmpty = text.file.kind == TextKind::information;
+            if (!mayBeEmpty) add({{text.namedFile(), {}, Severity::error, "empty", "empty"}});
             continue;
         }
         const bool standsIn = original.file.kind == text.file.kind && original.file.language != nullptr &&
@@ -66,13 +71,16 @@ Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) 
         if (&original == &text) {
             add(checkLanguage(text));
         } else if (!standsIn) {
-            add({{text.label, 0, Severity::warning, "same-text", "the same text as " + original.label}});
+            add({{text.namedFile(), {}, Severity::warning, "same-text", "the same text as " + original.file.name}});
         }
         if (text.file.kind == TextKind::agreement && !text.text.endsWith(u"\n")) {
-            add({{text.label, 0, Severity::warning, "last-line",
+            add({{text.namedFile(),
+                  {},
+                  Severity::warning,
+                  "last-line",
                   "no line feed at the end; the information begins in its last line"}});
         }
-        add(checkCharacters(text.label, text.text, text.file.language,
+        add(checkCharacters(text.namedFile(), text.text, text.file.language,
                             text.file.kind == TextKind::notices ? Readers::ofCopy : Readers::ofScreenAndCopy));
     }
     return findings;

@@ -13,8 +13,10 @@ namespace zev {
 /// The text of a file of a set, whatever its encoding was.
 struct SetText {
     SetFile file;
-    std::string label;  ///< the file as the user knows it
+    std::string path;  ///< as the user can open it
     icu::UnicodeString text;
+
+    [[nodiscard]] NamedFile namedFile() const { return {path, file.name}; }
 };
 
 /// Checks what texts hold, each by itself and the languages against each other. A text that equals that of the language

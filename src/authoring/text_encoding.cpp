@@ -35,9 +35,9 @@ DecodedText utf16(std::string_view bytes, Order order, Encoding encoding = Encod
     return {encoding, decodeUtf16(bytes, order), bytes.size() % 2 != 0};
 }
 
-auto countOf(std::string_view bytes, char byte) { return std::ranges::count(bytes, byte); }
+auto occurrences(std::string_view bytes, char byte) { return std::ranges::count(bytes, byte); }
 
-auto countOf(const icu::UnicodeString& text, std::u16string_view units) {
+auto occurrences(const icu::UnicodeString& text, std::u16string_view units) {
     const std::u16string_view all(text.getBuffer(), static_cast<std::size_t>(text.length()));
     return std::ranges::count_if(all, [units](char16_t unit) { return units.find(unit) != units.npos; });
 }
@@ -45,12 +45,12 @@ auto countOf(const icu::UnicodeString& text, std::u16string_view units) {
 /// Whether there are zero bytes, for every second blank or line feed at least. Few texts of UTF-16 fail, those of East
 /// Asia with many quotation marks; of the others, none has so many.
 bool hasZeroBytes(std::string_view bytes) {
-    const auto zeros = countOf(bytes, '\0');
-    return zeros > 0 && 2 * zeros >= countOf(bytes, ' ') + countOf(bytes, '\n');
+    const auto zeros = occurrences(bytes, '\0');
+    return zeros > 0 && 2 * zeros >= occurrences(bytes, ' ') + occurrences(bytes, '\n');
 }
 
 bool makesSense(const icu::UnicodeString& text, const LanguageProfile* language) {
-    return language != nullptr ? isWrittenIn(*language, text) : countOf(text, u"\n") > 0;
+    return language != nullptr ? isWrittenIn(*language, text) : occurrences(text, u"\n") > 0;
 }
 
 }  // namespace
@@ -84,14 +84,14 @@ DecodedText decodeText(std::string_view bytes, const LanguageProfile* language) 
     if (isUtf8 && (bytes.starts_with(utf8Mark) || !hasZeroBytes(bytes))) return asUtf8;
 
     // A line feed of UTF-16 has one, and Korean bytes are Korean letters all the same when taken two by two.
-    if (countOf(bytes, '\0') == 0 && countOf(bytes, '\n') > 0) return {Encoding::codePage, {}};
+    if (occurrences(bytes, '\0') == 0 && occurrences(bytes, '\n') > 0) return {Encoding::codePage, {}};
     DecodedText bigEndian = utf16(bytes, Order::bigEndian);
     DecodedText littleEndian = utf16(bytes, Order::littleEndian, Encoding::utf16LittleEndian);
     if (!hasZeroBytes(bytes) && !makesSense(bigEndian.text, language) && !makesSense(littleEndian.text, language)) {
         return {Encoding::codePage, {}};
     }
     constexpr auto blanks = u" \n";
-    return countOf(littleEndian.text, blanks) > countOf(bigEndian.text, blanks) ? littleEndian : bigEndian;
+    return occurrences(littleEndian.text, blanks) > occurrences(bigEndian.text, blanks) ? littleEndian : bigEndian;
 }
 
 std::string encodeUtf16(const icu::UnicodeString& text) {

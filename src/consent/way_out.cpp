@@ -28,6 +28,7 @@ std::size_t madeCount = 0;
 std::array<Made, 2> scratches;  // in the state directory, and in the master directory
 std::size_t scratchCount = 0;
 
+pid_t process = 0;
 int terminal = -1;
 termios settingsBefore;
 termios settingsOfRun;
@@ -85,7 +86,8 @@ void putRight() noexcept {
 }
 
 extern "C" void endBySignal(int signal) {
-    putRight();
+    // A print command between fork and exec still has this handler, and nothing to put right.
+    if (getpid() == process) putRight();
     // All signals wait while this runs; on return this one finds nothing that catches it.
     std::signal(signal, SIG_DFL);
     raise(signal);
@@ -152,6 +154,7 @@ termios settingsForAnswers(termios settings) {
 }  // namespace
 
 void catchSignals() {
+    process = getpid();
     for (int signal = 1; signal <= SIGRTMAX; ++signal) {
         switch (signal) {
             case SIGKILL:

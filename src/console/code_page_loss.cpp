@@ -32,12 +32,16 @@ std::string shown(UChar32 character) {
         std::string bytes;
         return icu::UnicodeString(character).toUTF8String(bytes);
     }
+    return codePointName(character);
+}
+
+}  // namespace
+
+std::string codePointName(UChar32 character) {
     std::array<char, 16> name;
     std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(character));
     return name.data();
 }
-
-}  // namespace
 
 std::size_t CodePageLoss::count() const {
     std::size_t sum = 0;

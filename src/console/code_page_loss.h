@@ -17,6 +17,9 @@ struct CodePageLoss {
     [[nodiscard]] std::string list() const;
 };
 
+/// The name of a character without a shape to show, such as "U+00AD".
+[[nodiscard]] std::string codePointName(UChar32 character);
+
 [[nodiscard]] bool isCodePage(const std::string& name);
 
 /// Converts a text as zev writes it to a terminal and to the copies. Nothing is lost where ICU does not know the name.

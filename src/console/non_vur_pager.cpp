@@ -13,13 +13,6 @@
 
 namespace zev {
 
-namespace {
-
-/// Deliberately in English in every language.
-constexpr const char* morePrompt = "-- More, \"q\" to quit --";
-
-}  // namespace
-
 bool showNonVurTerms(LicenseDialog& dialog) {
     icu::UnicodeString text;
     if (!readNonVurText(dialog.context, text)) {

@@ -4,6 +4,9 @@ namespace zev {
 
 struct LicenseDialog;
 
+/// Asked under every page of the other parties' terms, deliberately in English in every language.
+inline constexpr const char* morePrompt = "-- More, \"q\" to quit --";
+
 /// Pages through the other parties' terms, and on through blank pages, until an answer begins with "q" or "Q". False,
 /// and nothing is shown, when the terms cannot be had.
 [[nodiscard]] bool showNonVurTerms(LicenseDialog& dialog);

@@ -30,6 +30,10 @@ icu::UnicodeString buildContinuePrompt(LicenseDialog& dialog) {
     return prompt.append(u".\n");
 }
 
+std::size_t countPages(const TextLines& lines, uint32_t pageLines) {
+    return pageLines == 0 ? 0 : (lines.size() + pageLines - 1) / pageLines;
+}
+
 std::size_t fillUp(std::size_t shown, uint32_t pageLines) { return pageLines == unlimitedPage ? 0 : pageLines - shown; }
 
 }  // namespace
@@ -52,9 +56,7 @@ std::unique_ptr<const Screens> Screens::layOut(LicenseDialog& dialog, const icu:
     return screens;
 }
 
-std::size_t Screens::pageCount() const {
-    return pageLines_ == 0 ? 0 : (license_->size() + pageLines_ - 1) / pageLines_;
-}
+std::size_t Screens::pageCount() const { return countPages(*license_, pageLines_); }
 
 Page Screens::pageBefore(const Page& page) const {
     return pageFrom(page.begin - std::min<std::size_t>(page.begin, pageLines_));
@@ -76,6 +78,10 @@ Page pageOfTerms(const TextLines& terms, std::size_t begin, int32_t screenHeight
     const uint32_t pageLines = textLinesPerPage(screenHeight, 0);
     const std::size_t shown = std::min<std::size_t>(terms.size() - begin, pageLines);
     return {begin, begin + shown, fillUp(shown, pageLines)};
+}
+
+std::size_t pageCountOfTerms(const TextLines& terms, int32_t screenHeight) {
+    return countPages(terms, textLinesPerPage(screenHeight, 0));
 }
 
 }  // namespace zev

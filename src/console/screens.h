@@ -63,4 +63,7 @@ private:
 /// The page of the other parties' terms that begins with line `begin`. After their end it is blank.
 [[nodiscard]] Page pageOfTerms(const TextLines& terms, std::size_t begin, int32_t screenHeight);
 
+/// How many pages the other parties' terms fill; 0 if a page has no room for any text.
+[[nodiscard]] std::size_t pageCountOfTerms(const TextLines& terms, int32_t screenHeight);
+
 }  // namespace zev

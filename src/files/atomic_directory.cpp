@@ -2,13 +2,16 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include "files/descriptor.h"
 #include "files/directory_at.h"
@@ -34,28 +37,74 @@ fs::path placeOf(const std::string& path, std::error_code& error) {
 /// Where the new directory is made: hidden, beside the one that it replaces.
 std::string leftoverPrefix(const fs::path& path) { return "." + path.filename().string() + ".zev-licenses."; }
 
-/// Removes what killed runs left. Only the holder of the lock on the parent does, since no other run can be at work
-/// then.
+/// Waits for a lock on an open directory, but not for ever: whoever can read a directory can hold it. False if there is
+/// none, as on file systems without locks.
+bool lock(int directory, std::chrono::milliseconds longest) {
+    constexpr std::chrono::milliseconds step{50};
+    const auto end = std::chrono::steady_clock::now() + longest;
+    while (flock(directory, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= end) return false;
+        std::this_thread::sleep_for(step);
+    }
+    return true;
+}
+
+/// Removes what killed runs left, whose locks are gone.
 void clearLeftovers(const fs::path& path) {
     std::vector<std::string> names;
     std::string problem;
     if (!listDirectory(path.parent_path(), names, problem)) return;
     std::error_code error;
     for (const std::string& name : names) {
-        if (name.starts_with(leftoverPrefix(path))) fs::remove_all(path.parent_path() / name, error);
+        if (!name.starts_with(leftoverPrefix(path))) continue;
+        const fs::path leftover = path.parent_path() / name;
+        const Descriptor directory(open(leftover.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (directory.isOpen() && lock(directory.get(), {})) fs::remove_all(leftover, error);
     }
 }
 
-std::string writeFiles(const fs::path& directory, const DirectoryContent& content) {
-    const Descriptor parent(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!parent.isOpen()) return failure(directory, "cannot be opened");
+/// Makes a directory that no other run has. The name of a leftover is passed over. Empty if it cannot be made; errno
+/// has the cause.
+fs::path makeBeside(const fs::path& path) {
+    const fs::path prefix = path.parent_path() / (leftoverPrefix(path) + std::to_string(getpid()));
+    constexpr int mostLeftovers = 100;
+    for (int i = 0; i < mostLeftovers; ++i) {
+        fs::path made = prefix;
+        if (i > 0) made += "." + std::to_string(i);
+        if (mkdir(made.c_str(), 0777) == 0) return made;
+        if (errno != EEXIST) break;
+    }
+    return {};
+}
+
+std::string writeFiles(int parent, const fs::path& directory, const DirectoryContent& content) {
     for (const auto& [name, bytes] : content) {
-        const Descriptor file(openat(parent.get(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        const Descriptor file(openat(parent, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (!file.isOpen() || !writeAll(file.get(), bytes) || fsync(file.get()) != 0) {
             return failure(directory / name, "cannot be written");
         }
     }
-    return fsync(parent.get()) == 0 ? "" : failure(directory, "cannot be written");
+    return "";
+}
+
+/// Fills a new directory. It gets the group and the mode of the one that it is to replace, so that the same people can
+/// use it; its files follow the group if the mode says so.
+std::string fill(int made, const fs::path& directory, const fs::path& replaced, const DirectoryContent& content) {
+    struct stat own {};
+    struct stat old {};
+    const bool replaces = stat(replaced.c_str(), &old) == 0;
+    if (fstat(made, &own) != 0 || own.st_nlink == 0) return failure(directory, "is gone");
+    if (replaces && own.st_gid != old.st_gid && fchown(made, static_cast<uid_t>(-1), old.st_gid) != 0) {
+        return failure(replaced, "its group cannot be kept");
+    }
+    constexpr mode_t permissions = 07777;
+    const mode_t mode = (replaces ? old.st_mode : own.st_mode) & permissions;
+    if (fchmod(made, mode | S_IRWXU) != 0) return failure(directory, "cannot be written");
+    std::string problem = writeFiles(made, directory, content);
+    if (problem.empty() && (fchmod(made, mode) != 0 || fsync(made) != 0)) {
+        problem = failure(directory, "cannot be written");
+    }
+    return problem;
 }
 
 /// Moves the new directory to its place; where there was an old one, that is found in the place of the new one then.
@@ -78,15 +127,18 @@ std::string replaceDirectory(const std::string& path, const DirectoryContent& co
     if (error) return path + ": " + error.message();
     const Descriptor parent(open(place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!parent.isOpen()) return failure(place.parent_path(), "cannot be opened");
-    // Where there are no locks on directories, leftovers stay, and runs at the same time are still safe.
-    if (flock(parent.get(), LOCK_EX) == 0) clearLeftovers(place);
+    constexpr std::chrono::seconds longestWait{10};
+    if (lock(parent.get(), longestWait)) clearLeftovers(place);
 
-    const fs::path made = place.parent_path() / (leftoverPrefix(place) + std::to_string(getpid()));
-    if (!fs::create_directory(made, error)) {
-        return made.string() + ": cannot be made: " + (error ? error.message() : "it is there already");
-    }
-    std::string problem = writeFiles(made, content);
+    const fs::path made = makeBeside(place);
+    if (made.empty()) return failure(place.parent_path() / leftoverPrefix(place), "cannot be made");
+    const Descriptor directory(open(made.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!directory.isOpen()) return failure(made, "cannot be opened");
+    // It tells who clears leftovers that this is none; who was faster takes it away.
+    if (!lock(directory.get(), {}) && errno == EWOULDBLOCK) return made.string() + ": taken away by another run";
+    std::string problem = fill(directory.get(), made, place, content);
     if (problem.empty()) problem = moveIntoPlace(made, place);
+    fs::permissions(made, fs::perms::owner_all, fs::perm_options::add, error);  // the old one may have been read-only
     fs::remove_all(made, error);
     if (problem.empty() && fsync(parent.get()) != 0) problem = failure(place.parent_path(), "cannot be written");
     return problem;

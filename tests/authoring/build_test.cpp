@@ -1,5 +1,10 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unicode/unistr.h>
 
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "authoring/support.h"
@@ -39,7 +44,8 @@ TEST(Build, writesTheSameBytesForEveryForm) {
     for (const auto& [source, agreement, information] : rows) {
         texts.write("eula/LA_en.txt", source);
         texts.write("eula/LI_en.txt", source);
-        EXPECT_EQ(texts.build().out, texts.path("set") + ": " + std::to_string(filesOfASet) + " files\n");
+        EXPECT_EQ(texts.build().exitCode, 0);
+        EXPECT_EQ(namesIn(texts, "set").size(), filesOfASet);
         EXPECT_EQ(texts.read("set/LA_en"), utf16(agreement));
         EXPECT_EQ(texts.read("set/LI_en"), utf16(information));
     }
@@ -53,7 +59,9 @@ TEST(Build, letsOneLanguageStandInForThoseThatAreMissing) {
     const std::string at = texts.path("eula/");
     const Finished without = texts.build(), with = texts.build({"--stand-in", "en"});
     EXPECT_EQ(without.exitCode, 1);
-    EXPECT_EQ(without.out + without.err, at + "LA_cs.txt " + at + "LA_el.txt " + at + "LI_el.txt: error: missing\n");
+    EXPECT_EQ(without.out + without.err, at + "LA_cs.txt " + at + "LA_el.txt " + at +
+                                             "LI_el.txt: error: missing [missing]\n" + texts.path("set") +
+                                             ": not written: 3 errors, 0 warnings\n");
     EXPECT_EQ(with.exitCode, 0);
     EXPECT_EQ(with.out, "LA: en stands in for cs el\nLI: en stands in for el\n" + texts.path("set") + ": " +
                             std::to_string(filesOfASet - 2) + " files\n");
@@ -61,29 +69,114 @@ TEST(Build, letsOneLanguageStandInForThoseThatAreMissing) {
     EXPECT_EQ(texts.build({"--langset", "3", "--stand-in", "de"}).out,
               "LA: de stands in for cs\n" + texts.path("set") + ": 26 files\n");
     texts.remove("eula/LA_en.txt");
-    EXPECT_EQ(texts.build({"--stand-in", "en"}).err,
-              at + "LA_cs.txt " + at + "LA_el.txt " + at + "LA_en.txt: error: missing\n");
+    const std::string err = texts.build({"--stand-in", "en"}).err;
+    EXPECT_EQ(err.substr(0, err.find('\n')), at + "LA_en.txt: error: missing; it is to stand in for cs el [missing]");
 }
 
-TEST(Build, refusesSourcesWithErrorsAndNamesFileAndLine) {
-    const std::tuple<const char*, std::string, std::string> rows[]{
-        {"LA_en.txt", "a\nb\n\xE9t\xE9\n", ":3: error: not UTF-8\n"},
-        {"LA_en.txt", {'a', '\n', '\0'}, ":2: error: U+0000: the screen ends here, the copy does not\n"},
-        {"notices.txt", "", ": error: empty\n"},
-        {"LA_xx.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"la_fr.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"Notices.txt", "terms", ": warning: not the name of a text of any set\n"},
-        {"non_vur_license", "terms", ": warning: not the name of a text of any set\n"},
+TEST(Build, makesASetOfOneText) {
+    const SampleTexts texts;
+    fs::rename(texts.path("eula/LA_de.txt"), texts.path("EULA"));
+    const auto build = [&](const std::string& sources, const Arguments& options) {
+        return runLicenses(joined({"build", texts.path(sources), texts.path("set")}, options));
     };
-    for (const auto& [file, bytes, error] : rows) {
+    const Finished one = build("EULA", {"--lang", "de", "--strict"});
+    EXPECT_EQ(one.exitCode, 0) << one.err;
+    EXPECT_EQ(texts.read("set/LA_ja"), texts.read("set/LA_de"));
+    EXPECT_EQ(texts.read("set/LI_de"), utf16(u"\n"));
+    EXPECT_EQ(runLicenses({"check", texts.path("set"), "--strict", "--stand-in", "de"}).exitCode, 0);
+    // In a directory, and for a language that has nothing to say there.
+    for (const auto& [code, englishName] : languages()) texts.remove("eula/LI_" + std::string(code) + ".txt");
+    EXPECT_EQ(texts.build({"--strict", "--stand-in", "en"}).exitCode, 0);
+    texts.write("eula/LI_en.txt", "");
+    EXPECT_EQ(texts.build({"--strict", "--stand-in", "en"}).exitCode, 0);
+    EXPECT_EQ(texts.read("set/LI_fr"), utf16(u"\n"));
+    texts.write("dir/EULA.txt", "terms");
+    texts.write("dir/Licence.md", "terms");
+    texts.write("dir/logo.png", "\x89PNG");
+    const std::string noLanguage = ": one text; name its language", noText = ": a directory; --lang is the language of";
+    const std::tuple<const char*, Arguments, int, std::string> refused[]{
+        {"EULA", {}, 2, noLanguage},
+        {"eula", {"--lang", "de"}, 2, noText},
+        {"nothing", {"--lang", "de"}, 2, ": No such file or directory"},
+        {"EULA", {"--lang", "en", "--stand-in", "de"}, 2, "--stand-in excludes --lang"},
+        {"EULA", {"--lang", "nl"}, 2, "--lang: no language of the set: nl"},
+        {"dir", {"--stand-in", "en"}, 1, ": error: no agreement LA_xx.txt, but EULA.txt, Licence.md; if one text is"},
+    };
+    for (const auto& [sources, options, status, message] : refused) {
+        const Finished finished = build(sources, options);
+        EXPECT_EQ(finished.exitCode, status);
+        EXPECT_NE(finished.err.find(message), std::string::npos) << finished.err;
+    }
+}
+
+TEST(Build, namesFileAndPlaceOfWhatItFinds) {
+    const auto encoded = [](const char* codePage) {
+        const auto text = icu::UnicodeString::fromUTF8("Kündigung\n");
+        std::string bytes(100, '\0');
+        bytes.resize(static_cast<std::size_t>(text.extract(0, text.length(), bytes.data(), codePage)));
+        return bytes;
+    };
+    const std::string saveIt = "; save it as UTF-8 [encoding]\n";
+    const std::string name = ": warning: not the name of a text of any set, so it is left out [name]\n";
+    const std::tuple<const char*, std::string, std::string> rows[]{
+        {"LA_de.txt", "a\nbc\xE9t\xE9\n",
+         ":2:3: error: not UTF-8 but an 8-bit code page, or a text that was damaged" + saveIt},
+        {"LI_de.txt", encoded("UTF-16"), ":1:1: error: not UTF-8 but UTF-16, as some editors save a text" + saveIt},
+        {"LA_en.txt", encoded("UTF-16LE"), ":1:3: error: not UTF-8 but UTF-16 without a byte order mark" + saveIt},
+        {"LA_en.txt", utf16(u"in English\n").substr(2),
+         ": error: not UTF-8 but UTF-16, as some editors save a text" + saveIt},
+        {"notices.txt", {'\xFF', '\xFE', 0, 0, 'a', 0, 0, 0}, ":1:1: error: not UTF-8 but UTF-32" + saveIt},
+        {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: the screen ends here, the copy does not [nul]\n"},
+        {"LI_en.txt", "a\r\nb\tc", ":2:2: warning: tab: counted as one column, shown as up to eight [tab]\n"},
+        {"LI_en.txt", "a\n" + std::string(90, 'x'),
+         ":2:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows [wide-word]\n"},
+        {"notices.txt", "", ": error: empty [empty]\n"},
+        {"LA_xx.txt", "terms", name},
+        {"la_fr.txt", "terms", name},
+        {"License-de.txt", "terms", name},
+        {"non_vur_license", "terms", name},
+        {".LA_de.txt.swp", "terms", ""},
+        {"README.md", "terms", ""},
+        {"old/LA_de.txt", "terms", ""},
+    };
+    for (const auto& [file, bytes, finding] : rows) {
         const SampleTexts texts;
         texts.write("eula/" + std::string(file), bytes);
         const Finished finished = texts.build();
-        EXPECT_EQ(finished.err, texts.path("eula/") + file + error);
-        const bool isError = error.find("error") != error.npos;
+        EXPECT_NE(finished.err.find(finding.empty() ? "" : texts.path("eula/") + file + finding), std::string::npos)
+            << finished.err;
+        EXPECT_EQ(finished.err.empty(), finding.empty()) << finished.err;
+        const bool isError = finding.find("error") != finding.npos;
         EXPECT_EQ(finished.exitCode, isError ? 1 : 0);
         EXPECT_EQ(texts.has("set"), !isError);
     }
+}
+
+TEST(Build, isStrictAboutWarningsThatNobodyAccepted) {
+    const SampleTexts texts;
+    ASSERT_EQ(texts.build().exitCode, 0);
+    texts.write("eula/LA_IT.txt", "in the wrong case");
+    texts.write("eula/LI_de.txt", texts.read("eula/LI_de.txt") + "\a\n");
+    const std::string before = texts.read("set/LI_de");
+    const std::tuple<Arguments, int, std::string> rows[]{
+        {{"--strict"}, 1, "set: not written: 0 errors, 2 warnings\n"},
+        {{"--strict", "--accept", "name"}, 1, "set: not written: 0 errors, 1 warning, 1 accepted\n"},
+        {{"--strict", "--accept", "name", "--accept", "control:LI_en"}, 1, "0 errors, 2 warnings, 1 accepted\n"},
+        {{"--strict", "--accept", "name", "--accept", "control:LI_de"},
+         0,
+         "set: 36 files; 0 errors, 0 warnings, 2 accepted\n"},
+        {{}, 0, "set: 36 files; 0 errors, 2 warnings\n"},
+    };
+    for (const auto& [options, status, summary] : rows) {
+        const Finished finished = texts.build(options);
+        EXPECT_EQ(finished.exitCode, status);
+        EXPECT_TRUE((finished.out + finished.err).find(summary) != std::string::npos) << finished.err << finished.out;
+        EXPECT_EQ(texts.read("set/LI_de") == before, status == 1);
+    }
+    const auto report = nlohmann::json::parse(texts.build({"--json", "--strict"}).out);
+    EXPECT_EQ(report["written"], false);
+    EXPECT_EQ(report["findings"][1]["path"], texts.path("eula/LI_de.txt"));
+    EXPECT_EQ(report["findings"][1]["column"], 1);
 }
 
 TEST(Build, replacesNothingButItsOwnSets) {
@@ -138,6 +231,41 @@ TEST(Build, keepsTheOldSetWhenTheDiskIsFull) {
     EXPECT_EQ(finished.exitCode, 2);
     EXPECT_EQ(texts.read("set/LA_en"), before);
     EXPECT_EQ(namesIn(texts, ""), (std::set<std::string>{"eula", "licenses", "set"})) << "and leaves nothing beside it";
+}
+
+TEST(Build, keepsModeAndGroup) {
+    const SampleTexts texts;
+    ASSERT_EQ(texts.build().exitCode, 0);
+    const gid_t group = geteuid() == 0 ? 4711 : getegid();
+    ASSERT_EQ(chown(texts.path("set").c_str(), geteuid(), group), 0);
+    for (const mode_t mode : {02750U, 0500U}) {
+        ASSERT_EQ(chmod(texts.path("set").c_str(), mode), 0);
+        ASSERT_EQ(texts.build().err, "");
+        struct stat status {};
+        ASSERT_EQ(stat(texts.path("set").c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, mode);
+        EXPECT_EQ(status.st_gid, group);
+    }
+    EXPECT_EQ(namesIn(texts, ""), (std::set<std::string>{"eula", "licenses", "set"}));
+}
+
+TEST(Build, waitsForNobodyForEver) {
+    const SampleTexts texts;
+    const auto lock = [&](const std::string& name) {
+        const int directory = open(texts.path(name).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        EXPECT_EQ(flock(directory, LOCK_EX), 0);
+        return directory;
+    };
+    for (const char* name : {"dead", "alive"})
+        fs::create_directory(texts.path(".set.zev-licenses." + std::string(name)));
+    const int alive = lock(".set.zev-licenses.alive"), parent = lock("");
+    EXPECT_EQ(texts.build().exitCode, 0);
+    EXPECT_TRUE(texts.has(".set.zev-licenses.dead")) << "without the lock, leftovers stay";
+    close(parent);
+    EXPECT_EQ(texts.build().exitCode, 0);
+    EXPECT_FALSE(texts.has(".set.zev-licenses.dead"));
+    EXPECT_TRUE(texts.has(".set.zev-licenses.alive")) << "which a run is at work on";
+    close(alive);
 }
 
 TEST(Build, leavesTheOldSetOrTheNewOneWhenItIsKilled) {

@@ -24,34 +24,42 @@ std::string english(const std::u16string& more, const std::u16string& end = u"\n
 
 TEST(Check, findsEachFaultAndNothingElse) {
     const std::tuple<const char*, std::string, std::string> rows[]{
-        {"LA_en", "", "LA_en: error: empty\n"},
-        {"notices", utf16(u" \n \n"), "notices: error: empty\n"},
+        {"LA_en", "", "LA_en: error: empty [empty]\n"},
+        {"notices", utf16(u" \n \n"), "notices: error: empty [empty]\n"},
         {"LA_en", "\uFEFFthe terms\0more of the terms\n"s,
-         "LA_en: error: UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build\n"
-         "LA_en:1: error: U+0000: the screen ends here, the copy does not\n"},
+         "LA_en: error: UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build "
+         "[encoding]\n"
+         "LA_en:1:10: error: U+0000: the screen ends here, the copy does not [nul]\n"},
         {"LA_en", "\xFF\xFE\0\0T\0\0\0"s,
-         "LA_en: error: UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build\n"
-         "LA_en: error: cannot be laid out; zev ends with 23\n"},
-        {"LA_en", english(u"Nothing") + "x", "LA_en: error: odd number of bytes; the last one is half a character\n"},
+         "LA_en: error: UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build [encoding]\n"
+         "LA_en: error: cannot be laid out; zev ends with 23 [layout]\n"},
+        {"LA_en", english(u"Nothing") + "x",
+         "LA_en: error: odd number of bytes; the last one is half a character [odd-byte]\n"},
         {"LI_fr", utf16(u"\nlâ€™Ã©cran\nSociÃ©tÃ©\nCAFÉ®\n"),
-         "LI_fr:2: error: UTF-8 that was read as windows-1252 and encoded again (x2): zev shows it so\n"},
+         "LI_fr:2:1: error: UTF-8 that was read as windows-1252 and encoded again (x2): zev shows it so "
+         "[double-encoding]\n"},
         {"LI_ru", utf16(u"Р›РёС†РµРЅР·РёСЏ\n"),
-         "LI_ru:1: error: UTF-8 that was read as windows-1251 and encoded again: zev shows it so\n"},
-        {"LA_el", english(u"Nothing"), "LA_el: error: most letters are not of the language's script\n"},
-        {"LI_ja", utf16(u"授權條款\n"), "LI_ja: error: most letters are not of the language's script\n"},
-        {"LI_ko", utf16(u"許可協議\n"), "LI_ko: error: most letters are not of the language's script\n"},
-        {"LA_en", english(u"Nothing", u"\r\n\r\n"), "LA_en: warning: CR LF line ends (x2); the copies get them too\n"},
+         "LI_ru:1:1: error: UTF-8 that was read as windows-1251 and encoded again: zev shows it so "
+         "[double-encoding]\n"},
+        {"LA_el", english(u"Nothing"), "LA_el: error: most letters are not of the language's script [script]\n"},
+        {"LI_ja", utf16(u"授權條款\n"), "LI_ja: error: most letters are not of the language's script [script]\n"},
+        {"LI_ko", utf16(u"許可協議\n"), "LI_ko: error: most letters are not of the language's script [script]\n"},
+        {"LA_en", english(u"Nothing", u"\r\n\r\n"),
+         "LA_en: warning: CR LF line ends (x2); the copies get them too [cr-lf]\n"},
         {"LA_en", english(u"Nothing", u""),
-         "LA_en: warning: no line feed at the end; the information begins in its last line\n"},
+         "LA_en: warning: no line feed at the end; the information begins in its last line [last-line]\n"},
         {"LA_en", english(u"日本"),
-         "LA_en:3: warning: wide character (x2): counted as one column and shown as two, so its line may overflow\n"},
+         "LA_en:3:1: warning: wide character (x2): counted as one column and shown as two, so its line may overflow "
+         "[wide-character]\n"},
         {"LA_en", english(std::u16string(81, u'x')),
-         "LA_en:3: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows\n"},
+         "LA_en:3:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows "
+         "[wide-word]\n"},
         {"LA_en", english(std::u16string(80, u'x')), ""},
         {"LI_ja", utf16(u"許諾\n" + std::u16string(40, u'é') + u" " + std::u16string(50, u'あ')),
-         "LI_ja:2: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows\n"},
-        {"LA_en.txt", "", "LA_en.txt: warning: zev never reads a file of this name\n"},
-        {"a\nb \xFF", "", "a\uFFFDb \uFFFD: warning: zev never reads a file of this name\n"},
+         "LI_ja:2:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows "
+         "[wide-word]\n"},
+        {"LA_en.txt", "", "LA_en.txt: warning: zev never reads a file of this name [name]\n"},
+        {"a\nb \xFF", "", "a\uFFFDb \uFFFD: warning: zev never reads a file of this name [name]\n"},
         {"notices", utf16(u"Name\tOwner\n"), ""},  // only copied, never shown
     };
     const SampleSet set;
@@ -78,10 +86,10 @@ TEST(Check, namesFilesThatCannotBeRead) {
     set.link("set/LI_en", "../big");
     set.write("big", "x");
     std::filesystem::resize_file(set.path("big"), (256 << 20) + 1);
-    EXPECT_EQ(set.check(), "LA_cs LI_cs: error: missing\n"
-                           "LA_de: error: cannot be read: Too many levels of symbolic links\n"
-                           "LA_el LI_el LA_en: error: not a regular file\n"
-                           "LI_en: error: larger than 256 MiB: no licence text\n");
+    EXPECT_EQ(set.check(), "LA_cs LI_cs: error: missing [missing]\n"
+                           "LA_de: error: cannot be read: Too many levels of symbolic links [unreadable]\n"
+                           "LA_el LI_el LA_en: error: not a regular file [unreadable]\n"
+                           "LI_en: error: larger than 256 MiB: no licence text [unreadable]\n");
 }
 
 TEST(Check, tellsEveryEncodingOfEveryLanguage) {
@@ -117,10 +125,10 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
     std::filesystem::rename(set.path("set/LA_it"), set.path("set/LA_es"));
     std::filesystem::rename(set.path("set/LA_zh_TW"), set.path("set/LA_zh"));
     set.write("set/LA_zh_TW", simplified);
-    EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped?\n"
-                           "LA_it: error: missing\n"
-                           "LA_zh: warning: most of it reads like zh_TW; are two files swapped?\n"
-                           "LA_zh_TW: warning: most of it reads like zh; are two files swapped?\n");
+    EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped? [language]\n"
+                           "LA_it: error: missing [missing]\n"
+                           "LA_zh: warning: most of it reads like zh_TW; are two files swapped? [language]\n"
+                           "LA_zh_TW: warning: most of it reads like zh; are two files swapped? [language]\n");
     set.write("set/LA_zh_TW", set.read("set/LA_zh"));
     set.write("set/LA_zh", simplified);
     for (const char* name : {"set/LA_es", "set/LA_it", "set/LA_el"}) set.write(name, english);
@@ -132,11 +140,12 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
         informations += std::string("LI_") + code + " ";
     }
     informations.back() = ':';
-    EXPECT_EQ(set.check({"--langset", "3"}), "LA_es LA_it: warning: the same text as LA_en\n" + agreements +
-                                                 informations + " warning: zev never reads a file of this name\n");
+    EXPECT_EQ(set.check({"--langset", "3"}), "LA_es LA_it: warning: the same text as LA_en [same-text]\n" + agreements +
+                                                 informations + " warning: zev never reads a file of this name [name]\n");
     EXPECT_EQ(set.check({"--stand-in", "en"}), "");
     set.write("set/LI_it", english);
-    EXPECT_EQ(set.check({"--stand-in", "en"}), "LI_it: warning: the same text as LA_en\n") << "not in its place";
+    EXPECT_EQ(set.check({"--stand-in", "en"}), "LI_it: warning: the same text as LA_en [same-text]\n")
+        << "not in its place";
     set.write("set/LI_it", set.read("set/LI_de"));
     EXPECT_EQ(set.check({"--stand-in", "de"}).find("LI_it"), std::string::npos);
 }
@@ -157,14 +166,15 @@ TEST(Check, namesKindsAndLossesForPrograms) {
     const auto report = nlohmann::json::parse(runLicenses({"check", set.path("set"), "--json", "--pages"}).out);
     std::string kinds;
     for (const auto& finding : report["findings"]) kinds += finding["kind"].get<std::string>() + " ";
-    EXPECT_EQ(kinds, "carriage-return nul u-ffff unpaired-surrogate lost-character tab vertical-tab form-feed escape "
+    EXPECT_EQ(kinds, "nul u-ffff unpaired-surrogate carriage-return lost-character tab vertical-tab form-feed escape "
                      "next-line line-separator paragraph-separator control byte-order-mark soft-hyphen "
                      "bidirectional-control invisible unassigned soft-hyphen empty name ");
     EXPECT_EQ(report["errors"], 4);
     EXPECT_EQ(report["warnings"], 17);
     EXPECT_EQ(report["findings"][5],
-              nlohmann::json::parse(R"({"file": "LA_en", "line": 3, "severity": "warning", "kind": "tab",
-        "message": "tab (x2): counted as one column, shown as up to eight"})"));
+              nlohmann::json::parse(R"({"file": "LA_en", "path": ")" + set.path("set/LA_en") +
+                                    R"(", "line": 3, "column": 7, "severity": "warning", "kind": "tab",
+        "message": "tab (x2): counted as one column, shown as up to eight", "accepted": false})"));
     EXPECT_EQ(report["codePages"]["en"]["US-ASCII"]["lost"], 0);
 }
 
@@ -181,9 +191,22 @@ TEST(Check, endsWithItsVerdict) {
     set.write("set/LA_en", english(u"\t"));
     expect({}, 0, "0 errors, 1 warning");
     expect({"--strict"}, 1, "0 errors, 1 warning");
+    expect({"--accept", "tab", "--strict"}, 0, "0 errors, 0 warnings, 1 accepted");
+    expect({"--strict", "--accept", "tab:LA_en"}, 0, "0 errors, 0 warnings, 1 accepted");
+    expect({"--accept", "tab:LA_de"}, 0, "0 errors, 2 warnings");
+    expect({"--accept", "tab", "--accept", "name", "--strict"}, 1, "0 errors, 1 warning, 1 accepted");
     set.remove("set/LA_en");
     set.remove("set/LI_en");
     expect({}, 1, "2 errors, 0 warnings");
+    expect({"--accept", "missing", "--accept", "acceptance"}, 1, "2 errors, 2 warnings");
+    EXPECT_EQ(
+        set.check({"--accept", "missing:LA_en", "--accept", "tab"}),
+        "LA_en LI_en: error: missing [missing]\n"
+        "zev-licenses: warning: --accept missing:LA_en meets errors only, and errors cannot be accepted [acceptance]\n"
+        "zev-licenses: warning: --accept tab meets no finding [acceptance]\n");
+    for (const char* value : {"", ":", "tab:", ":LA_en"}) {
+        EXPECT_EQ(runLicenses({"check", directory, "--accept", value}).exitCode, 2) << value;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
 #include <regex>
 
 #include "authoring/support.h"
@@ -7,25 +8,49 @@
 namespace zev::test {
 namespace {
 
+/// What a preview shows between its lines about it: the languages, then the terms of other parties.
+std::vector<std::string> screensIn(const std::string& preview) {
+    static const std::regex about("(^|\n)(== [^\n]*\n)+"), margins("\n(     |   > )");
+    std::vector<std::string> screens;
+    std::smatch match;
+    for (std::string rest = preview; std::regex_search(rest, match, about);) {
+        rest = "\n" + match.suffix().str();
+        const std::string screen = rest.substr(0, rest.find("\n== "));
+        screens.push_back(std::regex_replace(screen, margins, "\n").substr(1));
+    }
+    return screens;
+}
+
+/// The lines about the bytes of files taken out.
+std::string withoutSums(const std::string& preview) {
+    return std::regex_replace(preview, std::regex("== [^\n]*: (fingerprint|SHA-256) [0-9a-f]{64}\n"), "");
+}
+
 TEST(Preview, showsWhatZevShows) {
     const SampleSet set;
     const std::string allPages(300, '\n');
-    const std::regex echoes("\\[INPUT\\] ==> "), columnsBeforeLines("\n(     |   > )");
+    const std::regex echoes("\\[INPUT\\] ==> q?");
+    set.write("set/non_vur_license", set.read("set/LA_fr"));  // accents take two columns in Japanese
     for (const auto& [code, englishName] : languages()) {
         if (std::string(code) == "zh_TW") continue;
         for (const std::string width : {"40", "80", "132"}) {
             SCOPED_TRACE(code + (" at " + width));
-            const Finished zev = run({"-l", set.path("set"), "-s", set.path("status")},
-                                     {{"LC_ALL", code + std::string(".UTF-8")}, {"COLUMNS", width}, {"LINES", "24"}},
-                                     allPages + "2\n2\n");
-            ASSERT_EQ(zev.exitCode, 3);
+            const auto shown = [&](const std::string& answers) {
+                const Finished zev =
+                    run({"-l", set.path("set"), "-s", set.path("status")},
+                        {{"LC_ALL", code + std::string(".UTF-8")}, {"COLUMNS", width}, {"LINES", "24"}},
+                        answers + "2\n2\n");
+                EXPECT_EQ(zev.exitCode, 3);
+                return std::regex_replace(zev.out, echoes, "");
+            };
             const Finished preview =
                 runLicenses({"preview", set.path("set"), "--lang", code, "--width", width, "--pages-of", "24"});
             ASSERT_EQ(preview.exitCode, 0);
-            const std::string lines = std::regex_replace(preview.out, columnsBeforeLines, "\n");
-            const std::string screens = lines.substr(lines.find('\n') + 1);
-            ASSERT_GT(screens.size(), 1000U);
-            ASSERT_EQ(std::regex_replace(zev.out, echoes, "").substr(0, screens.size()), screens);
+            const auto screens = screensIn(preview.out);
+            ASSERT_EQ(screens.size(), 2U);
+            ASSERT_GT(screens[0].size(), 1000U);
+            ASSERT_EQ(shown(allPages).substr(0, screens[0].size()), screens[0]);
+            ASSERT_NE(shown("4\n" + allPages + "q\n").find("\n" + screens[1]), std::string::npos);
         }
     }
 }
@@ -33,8 +58,11 @@ TEST(Preview, showsWhatZevShows) {
 TEST(Preview, countsAndMarksWhatDoesNotFit) {
     const SampleSet set;
     const auto preview = [&](const std::string& language, const Arguments& options) {
-        return runLicenses(joined({"preview", set.path("set"), "--lang", language}, options));
+        Finished finished = runLicenses(joined({"preview", set.path("set"), "--lang", language}, options));
+        finished.out = withoutSums(finished.out);
+        return finished;
     };
+    set.remove("set/non_vur_license");
     set.write("set/LA_it", utf16(u"Città\n日本 abcdef ghi\n"));
     set.write("set/LI_it", utf16(u"\nFine\n"));
     EXPECT_EQ(preview("it", {"--width", "12", "--code-page", "KOI8-R"}).out,
@@ -42,11 +70,53 @@ TEST(Preview, countsAndMarksWhatDoesNotFit) {
               "     Città\n     日本 abcdef \n     ghi\n\n     Fine\n");
     EXPECT_EQ(preview("it", {"--width", "11"}).out, "== it, 11 columns: 5 lines, 1 line too wide\n"
                                                     "     Città\n   > 日本 abcdef \n     ghi\n\n     Fine\n");
-    EXPECT_TRUE(preview("zh_TW", {}).out.starts_with("== zh_TW,"));
+    set.write("set/non_vur_license", utf16(u"Öö äü öä\n"));
+    const std::string terms = preview("zh_TW,de,ja", {"--width", "10"}).out;
+    EXPECT_TRUE(terms.ends_with("== non_vur_license in de, 10 columns: 1 line, 0 lines too wide\n     Öö äü öä\n"
+                                "== non_vur_license in ja, zh_TW, 10 columns: 3 lines, 0 lines too wide\n"
+                                "     Öö \n     äü \n     öä\n"))
+        << terms;
     set.remove("set/LA_it");
+    set.remove("set/non_vur_license");
     const Finished missing = preview("it", {});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_EQ(missing.out, "== it: zev cannot show it; zev-licenses check says why\n");
+}
+
+TEST(Preview, tiesEveryPartToTheBytesOfItsFiles) {
+    const SampleSet set;
+    const auto firstWord = [](const Finished& finished) { return finished.out.substr(0, 64); };
+    const std::string agreement = firstWord(run({set.path("set/LA_de")}, {}, "", unprepared, "/usr/bin/sha256sum"));
+    const std::string terms =
+        firstWord(run({set.path("set/non_vur_license")}, {}, "", unprepared, "/usr/bin/sha256sum"));
+    const std::string fingerprint =
+        firstWord(run({"--fingerprint", "-l", set.path("set")}, {}, "", unprepared, ZEV_BUILT "/zev-ask"));
+    const std::string text = runLicenses({"preview", set.path("set"), "--lang", "de,fr"}).out;
+    const Arguments toPage{"preview", set.path("set"), "--lang", "de,fr", "--html", set.path("page")};
+    ASSERT_EQ(runLicenses(toPage).exitCode, 0);
+    const std::string page = set.read("page");
+    const auto count = [](const std::string& where, const std::string& what) {
+        std::size_t times = 0;
+        for (std::size_t at = 0; (at = where.find(what, at)) != where.npos; ++at) ++times;
+        return times;
+    };
+    ASSERT_EQ(fingerprint.size(), 64U);
+    const std::string checked = runLicenses({"check", set.path("set")}).out;
+    EXPECT_EQ(count(checked, "\n" + agreement + "  LA_de\n"), 1U);
+    EXPECT_EQ(count(checked, "\n" + set.path("set") + ": fingerprint " + fingerprint + "\n"), 1U);
+    const auto report = nlohmann::json::parse(runLicenses({"check", set.path("set"), "--json"}).out);
+    EXPECT_EQ(report["sha256"]["LA_de"], agreement);
+    EXPECT_EQ(report["fingerprint"], fingerprint);
+    EXPECT_TRUE(text.starts_with("== " + set.path("set") + ": fingerprint " + fingerprint + "\n"));
+    EXPECT_EQ(count(text, "\n== LA_de: SHA-256 " + agreement + "\n"), 1U);
+    EXPECT_EQ(count(text, "\n== non_vur_license: SHA-256 " + terms + "\n"), 1U);
+    EXPECT_EQ(count(page, agreement), 3U) << "its part, above the signature, the list of all files";
+    EXPECT_EQ(count(page, terms), 3U);
+    EXPECT_EQ(count(page, "<dd>" + fingerprint), 8U) << "head, three parts, three signatures, the list";
+    EXPECT_EQ(count(page, "content: \""), 6U) << "a marker, an edge, numbers; margins of sheets are escaped";
+    EXPECT_EQ(count(page, "German\\20 \\28 de\\29 \\2c \\20 fingerprint\\20 " + fingerprint.substr(0, 16) + "\""), 1U);
+    EXPECT_EQ(runLicenses(toPage).exitCode, 0);
+    EXPECT_EQ(set.read("page"), page) << "the same for the same files";
 }
 
 TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
@@ -54,6 +124,7 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
     set.write("set/LA_en",
               utf16(u"<script>alert(\"1\") & more</script>\n\x1B\xE9\n" + std::u16string(50, u'日') + u"\n"));
     set.write("set/<b>\n", "");
+    set.write("set/LA_ja", utf16(u"第1条 x 契約\n終"));
     EXPECT_EQ(runLicenses({"preview", set.path("set"), "--html", set.path("page")}).exitCode, 0);
     const std::string page = set.read("page");
     const auto has = [&](const std::string& text) { return page.find(text) != page.npos; };
@@ -63,16 +134,30 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
             EXPECT_TRUE(has(" id=\"" + id + "\"") && has(" href=\"#" + id + "\"")) << id;
         }
     }
-    for (const char* shown : {"&lt;script&gt;alert(&quot;1&quot;) &amp; more&lt;/script&gt;",
-                              "<i title=\"U+001B\">\u241B</i>", "<mark title=\"not in US-ASCII\">\xC3\xA9</mark>",
-                              "<u><mark title=\"not in US-ASCII\"><b style=\"--n:19\">日日",  // 39 counted, 78 taken
-                              "&lt;b&gt;\uFFFD: warning: zev never reads a file of this name"}) {
+    for (const char* shown :
+         {"&lt;script&gt;alert(&quot;1&quot;) &amp; more&lt;/script&gt;", "<i title=\"U+001B\">\u241B</i>",
+          "<mark title=\"not in US-ASCII\">\xC3\xA9</mark>",
+          "<u><mark title=\"not in US-ASCII\"><b style=\"--n:19;--c:78\">日日",  // 39 counted, 78 taken
+          "<b style=\"--n:1;--c:2\">第</b>1<b style=\"--n:1;--c:5\">条</b> x <b style",
+          ">LA_en ends here, and LI_en begins<",
+          ">LI_ja begins within the line above, since LA_ja ends without a line feed<",
+          "&lt;b&gt;\uFFFD: warning: zev never reads a file of this name"}) {
         EXPECT_TRUE(has(shown)) << shown;
     }
-    for (const char* active : {"<script", "src=", "href=\"http", "url(", "@import", "<b>"}) {
+    for (const char* active :
+         {"<script", "src=", "href=\"http", "url(", "@import", "<b>", "inline-block", "tabindex"}) {
         EXPECT_FALSE(has(active)) << active;
     }
-    EXPECT_EQ(runLicenses({"preview", set.path("set"), "--html", set.path("page")}, fillDisk).exitCode, 2);
+    const std::string hostile = "se\"t<style><script>";
+    std::filesystem::rename(set.path("set"), set.path(hostile));
+    const Arguments options{"preview", set.path(hostile), "--lang", "de", "--html", set.path("page")};
+    EXPECT_EQ(runLicenses(joined(options, {"--code-page", "koi8-r,\"onmouseover=<x"})).exitCode, 0);
+    const std::string german = set.read("page");
+    EXPECT_NE(german.find("title=\"not in koi8-r,&quot;onmouseover=&lt;x\""), german.npos);
+    EXPECT_EQ(german.find("<script"), german.npos);
+    EXPECT_EQ(german.find("\"onmouseover"), german.npos);
+    EXPECT_EQ(german.find("LA_en:"), german.npos) << "findings are those of the languages asked for";
+    EXPECT_EQ(runLicenses(options, fillDisk).exitCode, 2);
     EXPECT_FALSE(set.has("page")) << "which would be cut";
 }
 
