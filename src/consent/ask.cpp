@@ -30,7 +30,7 @@ namespace zev {
 
 namespace {
 
-void warn(const std::string& message) { std::cerr << "zev-ask: " << printableText(message) << std::endl; }
+void warn(const std::string& message) { std::cerr << "zev-ask: " << inCodePage(printableText(message)) << std::endl; }
 
 int fail(const std::string& problem) {
     warn(problem);
@@ -87,8 +87,9 @@ private:
     }
 
     void report(const std::string& how) const {
-        std::cout << subject() << ": terms " << shortened(terms_.fingerprint()) << " accepted " << how << ": "
-                  << printableText(recordPath(state_)) << std::endl;
+        const std::string line = subject() + ": terms " + shortened(terms_.fingerprint()) + " accepted " + how + ": " +
+                                 printableText(recordPath(state_));
+        std::cout << inCodePage(line) << std::endl;
     }
 
     int acceptedBefore(const Fields& fields) {
@@ -202,6 +203,7 @@ private:
         }
         fields["zev"] = runOptions.version.substr(1);
         problem = writeRecord(fields, terms_, call_.languageSet);
+        adoptTerminalLocale();
         if (problem.empty()) problem = state_.publish(scratch_.directory.get(), recordDirectory, terms_.fingerprint());
         if (!problem.empty()) return fail("the acceptance cannot be recorded: " + problem + "; is the disk full?");
         groups != nullptr ? logVersion(fields) : completeMaster();

@@ -79,8 +79,12 @@ private:
     void addProduct(const std::string& name) {
         std::vector<std::string> entries;
         if (name.starts_with('.')) return;
-        const Descriptor product = openDirectoryAt(state_.get(), name);
-        if (!product.isOpen() && (errno == ENOTDIR || errno == ELOOP || errno == ENOENT)) return;
+        struct stat status {};
+        const bool isThere = fstatat(state_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+        if (!isThere || (!S_ISDIR(status.st_mode) && call_.product.empty())) return;
+        std::string ignored;
+        Owners owners = *owners_;
+        const Descriptor product = openOwnedDirectory(state_.get(), name, owners, ignored);
         if (!product.isOpen() || !listAt(product.get(), entries)) {
             rows_.push_back({{{"product", name}}, auditIncomplete, joinPath(path_, name)});
             return;

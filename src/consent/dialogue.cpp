@@ -95,9 +95,10 @@ bool Dialogue::isLegibleIn(const std::string& code, std::string& problem) const 
     const auto resource = createResource(code.c_str(), true);
     const icu::UnicodeString prompts = resource->CLICONTMSG_KEY().unescape() + resource->CLIACCMSG_KEY().unescape() +
                                        resource->CLICFMMSG_KEY().unescape();
-    if (writesAscii() && isLegible(subject_.terms.text(code)) && isLegible(prompts)) return true;
-    problem = std::string("the code page ") + codePageName() + " of the locale cannot show the terms in the language " +
-              code + "; set LC_ALL=C.UTF-8 or a locale of that language, or name another language with --lang.";
+    if (writesAscii() && readsCatalogues() && isLegible(subject_.terms.text(code)) && isLegible(prompts)) return true;
+    problem = std::string("the code page ") + codePageName() + " of the locale " + environmentLocale() +
+              " cannot show the terms in the language " + code +
+              "; set LC_ALL=C.UTF-8 or a locale of that language, or name another language with --lang.";
     return false;
 }
 

@@ -39,6 +39,15 @@ bool writesAscii() {
     return written.str() == std::string(marks.begin(), marks.end());
 }
 
+bool readsCatalogues() { return fromCodePage("\\u0041").unescape() == u"A"; }
+
+std::string inCodePage(const std::string& utf8) {
+    const icu::UnicodeString text = icu::UnicodeString::fromUTF8(utf8);
+    std::ostringstream written;
+    written << InCodePage{{text.getBuffer(), static_cast<std::size_t>(text.length())}};
+    return written.str();
+}
+
 bool isLegible(const icu::UnicodeString& text) {
     constexpr std::size_t hundred = 100;
     std::size_t letters = 0, lost = 0;

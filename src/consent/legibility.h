@@ -10,6 +10,13 @@ namespace zev {
 /// as the bytes of ASCII, which every terminal takes for them.
 [[nodiscard]] bool writesAscii();
 
+/// Whether the catalogues can be read in the code page of the process: not where the byte of the backslash, with which
+/// their escapes begin, is another character.
+[[nodiscard]] bool readsCatalogues();
+
+/// UTF-8 in the code page of the process.
+[[nodiscard]] std::string inCodePage(const std::string& utf8);
+
 /// Whether the code page of the process loses no more than one letter in a hundred of a text.
 [[nodiscard]] bool isLegible(const icu::UnicodeString& text);
 

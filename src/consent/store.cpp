@@ -81,10 +81,19 @@ std::string Store::create() {
 
 Owners Store::owners() const { return use_ == DirectoryUse::master ? Owners::anyOne() : Owners::ofState(status_); }
 
+Descriptor Store::openProduct(std::string& flaw) const {
+    struct stat status {};
+    Owners accepted = owners();
+    Descriptor product = openOwnedDirectory(descriptor(), product_, accepted, flaw);
+    if (use_ == DirectoryUse::master || !product.isOpen()) return product;
+    if (fstat(product.get(), &status) == 0 && !isOpenToGroup(status)) return product;
+    flaw = "a group other than that of root can write to it";
+    return Descriptor();
+}
+
 Descriptor Store::productDirectory() const {
     std::string ignored;
-    Owners accepted = owners();
-    return isOpen() ? openOwnedDirectory(descriptor(), product_, accepted, ignored) : Descriptor();
+    return isOpen() ? openProduct(ignored) : Descriptor();
 }
 
 Record Store::find(const std::string& fingerprint) const {
@@ -92,8 +101,7 @@ Record Store::find(const std::string& fingerprint) const {
     if (!isOpen()) return {};
     if (fstatat(descriptor(), product_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT) return {};
     Record record{RecordState::incomplete, {}, ""};
-    Owners accepted = owners();
-    const Descriptor product = openOwnedDirectory(descriptor(), product_, accepted, record.flaw);
+    const Descriptor product = openProduct(record.flaw);
     return product.isOpen() ? judgeRecord(product.get(), product_, fingerprint, owners()) : record;
 }
 
@@ -113,7 +121,8 @@ std::optional<Fields> Store::newestOther(const std::string& fingerprint) const {
 /// As in the master directory, others of the group record in that of a product too. A run that was killed may have left
 /// one that is not yet shared: it is empty.
 bool Store::shareWithGroup(const Descriptor& product) const {
-    constexpr mode_t modeBits = 07777;
+    // Records in a directory to which everyone can write do not count, whatever the master directory is.
+    constexpr mode_t modeBits = 07777 & ~S_IWOTH;
     struct stat status {};
     std::vector<std::string> names;
     if (fstat(product.get(), &status) != 0) return false;
@@ -126,8 +135,7 @@ std::string Store::openProductDirectory(Descriptor& product) const {
     const bool isMissing = faccessat(descriptor(), product_.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0;
     if (isMissing && !makeForRun(descriptor(), product_, directoryMode)) return failure(joinPath(path_, product_));
     std::string flaw;
-    Owners accepted = owners();
-    product = openOwnedDirectory(descriptor(), product_, accepted, flaw);
+    product = openProduct(flaw);
     if (!product.isOpen()) return joinPath(path_, flaw);
     const bool isShared = use_ == DirectoryUse::state || shareWithGroup(product);
     return isShared ? "" : failure(joinPath(path_, product_));

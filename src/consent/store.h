@@ -42,6 +42,7 @@ public:
 private:
     [[nodiscard]] std::string take(TrustedDirectory found);
     [[nodiscard]] Owners owners() const;
+    [[nodiscard]] Descriptor openProduct(std::string& flaw) const;
     [[nodiscard]] Descriptor productDirectory() const;
     [[nodiscard]] bool shareWithGroup(const Descriptor& product) const;
     [[nodiscard]] std::string openProductDirectory(Descriptor& product) const;

@@ -43,7 +43,7 @@ std::string flawOf(const struct stat& status) {
     if ((status.st_mode & S_IWOTH) != 0 && !isSticky) {
         return "everyone can write to it; take that right away with chmod o-w";
     }
-    if (geteuid() == 0 && (status.st_mode & S_IWGRP) != 0 && !isGroupOfRoot(status.st_gid)) {
+    if (isOpenToGroup(status)) {
         return "group " + std::to_string(status.st_gid) + " can write to it; take that right away with chmod g-w";
     }
     return "";
@@ -104,7 +104,7 @@ private:
     std::string follow(const Descriptor& link, const struct stat& status, const std::string& shown) {
         constexpr int mostLinks = 40;
         std::array<char, PATH_MAX> target;
-        if (!isTrustedOwner(status.st_uid)) return refuse(shown, ownedBy(status.st_uid) + " and is a link");
+        if (!isTrustedOwner(status.st_uid)) return refuse(shown, "it is a link, and " + ownedBy(status.st_uid));
         if (++links_ > mostLinks) return refuse(shown, "there are too many links in the path");
         const ssize_t size = readlinkat(link.get(), "", target.data(), target.size());
         if (size <= 0) return cannot(shown, "read");
@@ -138,12 +138,12 @@ private:
     }
 
     static std::string ownedBy(uid_t owner) {
-        return "it belongs to user " + std::to_string(owner) + ", who could change what lies in it";
+        return "it belongs to user " + std::to_string(owner) + ", who can change it";
     }
 
     [[nodiscard]] std::string refuse(const std::string& shown, const std::string& why) const {
         const char* option = use_ == DirectoryUse::state ? "-s" : "-m";
-        return shown + " is not safe for records: " + why + ", or name another directory with " + option;
+        return shown + " is not safe for records: " + why + ". Otherwise name another directory with " + option + ".";
     }
 
     static std::string cannot(const std::string& shown, const char* done) {
@@ -166,6 +166,10 @@ private:
 };
 
 }  // namespace
+
+bool isOpenToGroup(const struct stat& directory) {
+    return geteuid() == 0 && (directory.st_mode & S_IWGRP) != 0 && !isGroupOfRoot(directory.st_gid);
+}
 
 bool isTrustedOwner(uid_t owner) { return owner == 0 || owner == geteuid() || isOverflowUser(owner); }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <string>
@@ -11,6 +12,9 @@ namespace zev {
 
 /// Whether a uid is that of root, of the caller or, in a user namespace, the one that stands for all users outside.
 [[nodiscard]] bool isTrustedOwner(uid_t owner);
+
+/// Whether, for root, a directory is one to which others can write through a group that is not that of root.
+[[nodiscard]] bool isOpenToGroup(const struct stat& directory);
 
 enum class DirectoryUse {
     state,  ///< the directory itself has to be as safe as those above it

@@ -162,7 +162,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
     EXPECT_EQ(accept({"-s", sandbox.path("above/link/../real/state")}).exitCode, 0);
     ASSERT_EQ(lchown(sandbox.path("above/link").c_str(), stranger, stranger), 0);
     EXPECT_THAT(accept({"-s", sandbox.path("above/link/other")}).err,
-                HasSubstr("12345, who could change what lies in it and is a link"));
+                HasSubstr("it is a link, and it belongs to user 12345, who can change it"));
 }
 
 TEST_F(AskRecord, liesInThePlaceOfTheUserWhoeverThatIs) {
