@@ -24,6 +24,16 @@ else()
   set(shared ON)  # what the executable needs is looked up and named
 endif()
 
+# zev's own licence, and then every other one once.
+set(licences Apache-2.0)
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/packages/licences lines REGEX "^[^#]")
+foreach(line IN LISTS lines)
+  string(REGEX MATCH "^[^ ]+ +(.+)$" expression "${line}")
+  string(REPLACE " AND " ";" expression "${CMAKE_MATCH_1}")
+  list(APPEND licences ${expression})
+endforeach()
+list(REMOVE_DUPLICATES licences)
+
 if(CMAKE_CROSSCOMPILING)  # else dpkg is asked
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${CMAKE_SYSTEM_PROCESSOR})
   string(REPLACE x86_64 amd64 CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${CPACK_DEBIAN_PACKAGE_ARCHITECTURE})
@@ -41,8 +51,7 @@ set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
 set(CPACK_RPM_COMPRESSION_TYPE xz)
 set(CPACK_RPM_PACKAGE_AUTOREQ ${shared})
 set(CPACK_RPM_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION}")
-set(CPACK_RPM_PACKAGE_LICENSE
-  "Apache-2.0 AND Unicode-DFS-2016 AND LGPL-2.1-or-later AND GPL-3.0-or-later WITH GCC-exception-3.1")
+list(JOIN licences " AND " CPACK_RPM_PACKAGE_LICENSE)
 set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
   /usr/lib/cmake /usr/share/man /usr/share/man/man1 /usr/share/man/man5
   /usr/share/bash-completion /usr/share/bash-completion/completions

@@ -2,7 +2,7 @@
 # Sourced by scripts/release: what Debian has for another processor, without telling this machine's package manager.
 
 # make_foreign_root ARCHITECTURE FOLDER PACKAGE...: unpacks the packages and what they need into FOLDER, unless they are
-# there already. FOLDER.apt keeps what was fetched, and FOLDER/versions names it: a package and its version a line.
+# there already. FOLDER.apt keeps what was fetched, and FOLDER/versions names it: one package and its version on each line.
 make_foreign_root() {
     local architecture=$1 folder=$2 state=$2.apt deb apt
     shift 2

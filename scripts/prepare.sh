@@ -1,15 +1,23 @@
 # shellcheck shell=bash disable=SC2034
-# Sourced by the commands of this folder: installs what the build needs and runs long steps quietly.
+# Sourced by the commands of this folder: prints their help, installs what they need and runs long steps quietly.
+
+case " $* " in
+    *' --help '* | *' -h '*)
+        # The opening comment of the command.
+        sed -n '2,/^[^#]/ { /^# shellcheck/d; s/^# \{0,1\}//p }' "$0"
+        exit 0
+        ;;
+esac
 
 unset CDPATH
-# Else bash would replace the LINES and COLUMNS that the caller set for zev.
+# Otherwise bash would replace the LINES and COLUMNS that the caller set for zev.
 shopt -u checkwinsize
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 root=$PWD
-mkdir -p build
+mkdir -p build || exit 1
 
-# This machine's processor, by the name that releases have for it.
+# The name that releases have for this machine's processor.
 native=$(uname -m)
 native=${native/x86_64/x86-64}
 native=${native/aarch64/arm64}
@@ -19,7 +27,7 @@ fail() {
     exit 1
 }
 
-# quietly WHAT COMMAND...: runs a command without input, and shows its output only when it fails.
+# quietly WHAT COMMAND...: runs a command without input, and shows its output only if it fails.
 quietly() {
     local what=$1 log=build/last-step.log
     shift
@@ -29,8 +37,33 @@ quietly() {
     }
 }
 
+# run_tests LOG CTEST-OPTION...: runs tests, and shows the output of those that fail and nothing else.
+run_tests() {
+    local log=$1
+    shift
+    ctest --output-on-failure --no-tests=error "$@" >"$log" 2>&1 </dev/null || awk '
+        # A result reads: 12/104 Test #3: Name ....***Failed 0.1 sec
+        /^ *[0-9]+\/[0-9]+ Test +#/ { shown = /\*\*\*/ && !/\*\*\*Skipped/; tests += shown }
+        /^ +Start +[0-9]+: / || /tests passed, / { shown = 0 }
+        shown
+        { all = all $0 "\n" }
+        END {
+            if (tests == 0) printf "%s", all
+            exit 1
+        }' "$log" >&2
+}
+
 has_header() {
-    printf '#include <%s>\n' "$1" | c++ -std=c++20 -E -x c++ - >/dev/null 2>&1
+    printf '#include <%s>\n' "$1" | "${CXX:-c++}" -std=c++20 -E -x c++ - >/dev/null 2>&1
+}
+
+# has_static LIBRARY: whether an executable without shared libraries can be linked with it.
+has_static() {
+    echo 'int main() {}' | "${CXX:-c++}" -static -x c++ - "-l$1" -o build/probe
+}
+
+has_sanitizers() {
+    echo 'int main() {}' | "${CXX:-c++}" -fsanitize=address,undefined -x c++ - -o build/probe
 }
 
 has_cmake() {
@@ -43,48 +76,71 @@ has_fuzzer() {
     ls "$(clang++ -print-runtime-dir)"/libclang_rt.fuzzer*
 }
 
-# What the build needs, a line each: the test for it | Debian's package | its name for people on other systems.
-build_needs='
-command -v c++ | g++ | a C++20 compiler (g++ 12 or clang 14, or newer)
+# Debian's packages for the compiler, and for what the sanitizers need beside it.
+case ${CXX:-c++} in
+    *clang*) compiler=clang sanitizers=libclang-rt-dev ;;
+    *) compiler=g++ sanitizers=g++ ;;
+esac
+
+# What is needed, one thing on each line: the test for it | Debian's packages | its name for people on other systems.
+zev_needs="
+command -v ${CXX:-c++} | $compiler | a C++20 compiler (g++ 12 or clang 14, or newer)
 has_cmake | cmake | CMake 3.25 or newer
 command -v ninja | ninja-build | Ninja
+has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers"
+build_needs=$zev_needs'
 has_header CLI/CLI.hpp | libcli11-dev | CLI11
-has_header sha2.h | libmd-dev | libmd with its static library
 has_header nlohmann/json.hpp | nlohmann-json3-dev | JSON for Modern C++
-has_header libexttextcat/fingerprint.h | libexttextcat-dev | libexttextcat with its static library
+has_header libexttextcat/fingerprint.h | libexttextcat-dev | libexttextcat with its headers
 [ -f /usr/share/libexttextcat/en.lm ] | libexttextcat-data | the language models of libexttextcat
-has_header unicode/ustdio.h | libicu-dev | ICU 70 or newer with its headers and static libraries'
-test_needs='
+has_header sha2.h | libmd-dev | libmd with its headers'
+static_needs='
+has_static icui18n | libicu-dev | the static libraries of ICU, of C and of C++
+has_static exttextcat-2.0 | libexttextcat-dev | the static library of libexttextcat
+has_static md | libmd-dev | the static library of libmd'
+test_needs="
+has_sanitizers | $sanitizers | the sanitizers of the compiler
 has_header gtest/gtest.h | libgtest-dev | GoogleTest
-has_header gmock/gmock.h | libgmock-dev | GoogleMock
-command -v busybox | busybox | BusyBox, whose shell and utilities the companions are tried with'
+has_header gmock/gmock.h | libgmock-dev | GoogleMock"
+git_needs='
+command -v git | git | git'
 
-# missing NEEDS FIELD: that field of the needs that are not there.
+# missing NEEDS: the needs that are not met.
 missing() {
-    local probe package name
-    while IFS='|' read -r probe package name; do
-        [ -n "$probe" ] && ! eval "$probe" >/dev/null 2>&1 && case $2 in
-            package) printf '%s\n' "${package// /}" ;;
-            name) printf '  %s\n' "${name# }" ;;
-        esac
+    local probe rest
+    while IFS='|' read -r probe rest; do
+        [ -z "$probe" ] || eval "$probe" >/dev/null 2>&1 || echo "$probe|$rest"
     done <<<"$1"
 }
 
-install_needs() {
-    local packages as_root=()
-    mapfile -t packages < <(missing "$1" package)
-    [ ${#packages[@]} -gt 0 ] || return 0
-    command -v apt-get >/dev/null ||
-        fail 'zev: cannot go on without these; please install them and start again:' "$(missing "$1" name)"
-    [ "$(id -u)" = 0 ] || as_root=(sudo)
-    quietly 'updating the package lists' "${as_root[@]}" apt-get update -q
-    quietly "installing ${packages[*]}" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -qy --no-install-recommends "${packages[@]}"
-    [ -z "$(missing "$1" name)" ] || fail 'zev: cannot go on; still missing:' "$(missing "$1" name)"
+# packages_of NEEDS: Debian's packages for them, each once, in one line.
+packages_of() {
+    cut -d '|' -f 2 <<<"$1" | tr -s ' ' '\n' | awk 'NF && !seen[$0]++ { printf "%s%s", gap, $0; gap = " " }'
 }
 
-# build PRESET
+# install_needs NEEDS: installs with apt-get what is missing, or says what it is.
+install_needs() {
+    local lacking packages as_root=()
+    lacking=$(missing "$1")
+    [ -n "$lacking" ] || return 0
+    packages=$(packages_of "$lacking")
+    [ "$(id -u)" = 0 ] || as_root=(sudo)
+    if command -v apt-get >/dev/null && { [ ${#as_root[@]} = 0 ] || command -v sudo >/dev/null; }; then
+        echo "zev: installing these packages with ${as_root[*]:+sudo }apt-get: $packages" >&2
+        quietly 'updating the package lists' "${as_root[@]}" apt-get update -q
+        # shellcheck disable=SC2086 # one word for each package
+        quietly "installing $packages" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get \
+            -o DPkg::Lock::Timeout=300 install -qy --no-install-recommends $packages
+        lacking=$(missing "$1")
+        [ -n "$lacking" ] || return 0
+    fi
+    fail 'zev: cannot go on without the following. Please install it and start again:' \
+        "$(cut -d '|' -f 3 <<<"$lacking" | sed 's/^/ /')" \
+        "Debian's packages for it: $(packages_of "$lacking")"
+}
+
+# build PRESET [OPTION OF CMAKE]...
 build() {
-    quietly "configuring the $1 build" cmake --preset "$1"
+    quietly "configuring the $1 build" cmake --preset "$@"
     quietly "the $1 build" cmake --build --preset "$1"
 }

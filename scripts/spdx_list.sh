@@ -1,17 +1,13 @@
 # shellcheck shell=bash
 # Sourced by scripts/release: what is inside the files of a release, in SPDX's format 2.3.
 
-# Of a Debian package, as declared; THIRD-PARTY has the texts.
-declare -A declared_licence=(
-    [libc6-dev]='LGPL-2.1-or-later'
-    [libcli11-dev]='BSD-3-Clause'
-    [libexttextcat-data]='BSD-3-Clause'
-    [libexttextcat-dev]='BSD-3-Clause'
-    [libgcc-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1'
-    [libicu-dev]='Unicode-DFS-2016 AND ICU AND BSD-2-Clause AND BSD-3-Clause'
-    [libmd-dev]='BSD-3-Clause'
-    [nlohmann-json3-dev]='MIT'
-    [libstdc++-12-dev]='GPL-3.0-or-later WITH GCC-exception-3.1')
+# declared_licence PACKAGE: of a Debian package. Without an argument, prints every package that has one.
+declared_licence() {
+    awk -v package="${1:-}" '
+        /^#/ { next }
+        package == "" { print $1 }
+        package == $1 { sub(/^[^ ]+ +/, ""); print }' "$root/cmake/packages/licences"
+}
 
 # spdx_package ID NAME VERSION LICENCE MORE
 spdx_package() {
@@ -41,7 +37,7 @@ spdx_list() {
     done <"$2"
     while read -r processor architecture package version; do
         packages+=("$(spdx_package "SPDXRef-$architecture-${package//+/-}" "$package" "$version" \
-            "${declared_licence[$package]}" "\"externalRefs\": [{ \"referenceCategory\": \"PACKAGE-MANAGER\",
+            "$(declared_licence "$package")" "\"externalRefs\": [{ \"referenceCategory\": \"PACKAGE-MANAGER\",
       \"referenceType\": \"purl\",
       \"referenceLocator\": \"pkg:deb/debian/${package//+/%2B}@${version//+/%2B}?arch=$architecture\" }]")")
     done <"$3"

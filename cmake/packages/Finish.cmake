@@ -6,12 +6,32 @@ function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
+# Debian's machine-readable form of the licences in the tag of the .rpm.
+function(write_copyright)
+  set(text_of_Apache-2.0 /usr/share/common-licenses/Apache-2.0)
+  set(text_of_GPL-3.0-or-later /usr/share/common-licenses/GPL-3)
+  set(text_of_LGPL-2.1-or-later /usr/share/common-licenses/LGPL-2.1)
+  string(REPLACE " AND " ";" names "${CPACK_RPM_PACKAGE_LICENSE}")
+  list(TRANSFORM names REPLACE " WITH (.+)" " with \\1 exception")
+  list(JOIN names " and " license)
+  set(paragraphs "")
+  foreach(name IN LISTS names)
+    string(REGEX MATCH "^[^ ]+" id "${name}")
+    if(NOT text_of_${id})
+      set(text_of_${id} THIRD-PARTY)
+    endif()
+    string(APPEND paragraphs "\nLicense: ${name}\n The text is in ${text_of_${id}}.\n")
+  endforeach()
+  string(STRIP "${paragraphs}" paragraphs)
+  string(PREPEND paragraphs "\n")
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/copyright.in ${doc}/copyright @ONLY)
+endfunction()
+
 file(GLOB pages ${usr}/share/man/man?/*)
 run(gzip -9n ${pages})
 
 if(CPACK_GENERATOR STREQUAL DEB)
-  file(COPY ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION ${doc})
-  file(REMOVE ${doc}/LICENSE)
+  write_copyright()
 
   # The time of SOURCE_DATE_EPOCH, where that is set.
   string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
@@ -22,7 +42,7 @@ if(CPACK_GENERATOR STREQUAL DEB)
 
  -- ${CPACK_PACKAGE_CONTACT}  ${date}
 ")
-  file(RENAME ${doc}/CHANGELOG.md ${doc}/changelog)
+  file(COPY_FILE ${doc}/CHANGELOG.md ${doc}/changelog)
   run(gzip -9n ${doc}/changelog.Debian ${doc}/changelog)
 
   configure_file(${CMAKE_CURRENT_LIST_DIR}/lintian-overrides ${usr}/share/lintian/overrides/zev COPYONLY)

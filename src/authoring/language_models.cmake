@@ -1,5 +1,5 @@
 # The language guesser of zev-licenses: libexttextcat's code, and its models of the languages in Latin script, linked in.
-find_library(TEXTCAT_LIBRARY libexttextcat-2.0.a REQUIRED)
+find_library(TEXTCAT_LIBRARY exttextcat-2.0 REQUIRED)
 find_path(TEXTCAT_MODELS en.lm PATHS /usr/share/libexttextcat REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 mark_as_advanced(TEXTCAT_LIBRARY TEXTCAT_MODELS)
 

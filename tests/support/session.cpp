@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -23,12 +24,23 @@ namespace {
 
 constexpr int deadlineSeconds = 50;
 
-/// The command that is tested. ZEV_TEST_COMMAND, words between spaces, names another: a release, or one for another
-/// processor behind an emulator.
+/// The command that is tested. ZEV_TEST_COMMAND, one word on each line, names another: a release, or one for another
+/// processor under an emulator.
 Arguments testedCommand() {
     const char* command = std::getenv("ZEV_TEST_COMMAND");
-    std::istringstream words(command != nullptr ? command : ZEV_BINARY);
-    return {std::istream_iterator<std::string>(words), {}};
+    std::istringstream lines(command != nullptr ? command : ZEV_BINARY);
+    Arguments words;
+    for (std::string word; std::getline(lines, word);) words.push_back(word);
+    return words;
+}
+
+/// What the suite itself was started with, under nohup or with another umask, is not for the command.
+void takeDefaults() {
+    for (int number = 1; number < NSIG; ++number) std::signal(number, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    umask(022);
 }
 
 [[noreturn]] void execute(const std::string& program, const Arguments& arguments, const Environment& environment,
@@ -43,6 +55,7 @@ Arguments testedCommand() {
     std::vector<char*> argv;
     for (std::string& word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
+    takeDefaults();
     prepare();
     alarm(deadlineSeconds);
     execv(file.c_str(), argv.data());

@@ -16,13 +16,13 @@ namespace zev::test {
 using Arguments = std::vector<std::string>;
 using Environment = std::map<std::string, std::string>;
 
-/// Some arguments, and behind them others.
+/// The arguments, followed by more.
 Arguments joined(Arguments arguments, const Arguments& more);
 
 /// Every language of the larger set, in the order of the table.
 std::vector<LanguageEntry> languages();
 
-/// UTF-16 as zev-licenses writes it: big-endian, behind a byte order mark.
+/// UTF-16 as zev-licenses writes it: big-endian, after a byte order mark.
 std::string utf16(std::u16string_view text);
 
 /// A temporary directory for one test, with a complete licence set in `licenses`: of each language the agreement
