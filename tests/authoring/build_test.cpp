@@ -238,7 +238,7 @@ TEST(Build, keepsModeAndGroup) {
     ASSERT_EQ(texts.build().exitCode, 0);
     const gid_t group = geteuid() == 0 ? 4711 : getegid();
     ASSERT_EQ(chown(texts.path("set").c_str(), geteuid(), group), 0);
-    for (const mode_t mode : {02750U, 0500U}) {
+    for (const mode_t mode : {0500U, 02750U}) {
         ASSERT_EQ(chmod(texts.path("set").c_str(), mode), 0);
         ASSERT_EQ(texts.build().err, "");
         struct stat status {};
