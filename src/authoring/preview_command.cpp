@@ -31,8 +31,8 @@ std::vector<LanguageEntry> languagesOf(const PreviewCommand& preview) {
 }
 
 std::vector<std::string> codesOf(const std::vector<LanguageEntry>& languages) {
-    std::vector<std::string> codes;
-    for (const LanguageEntry& language : languages) codes.emplace_back(language.code);
+    std::vector<std::string> codes(languages.size());
+    std::ranges::transform(languages, codes.begin(), &LanguageEntry::code);
     return codes;
 }
 
