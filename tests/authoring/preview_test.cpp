@@ -125,6 +125,7 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
               utf16(u"<script>alert(\"1\") & more</script>\n\x1B\xE9\n" + std::u16string(50, u'日') + u"\n"));
     set.write("set/<b>\n", "");
     set.write("set/LA_ja", utf16(u"第1条 x 契約\n終"));
+    set.write("set/LI_ja", utf16(u"わり\n"));
     EXPECT_EQ(runLicenses({"preview", set.path("set"), "--html", set.path("page")}).exitCode, 0);
     const std::string page = set.read("page");
     const auto has = [&](const std::string& text) { return page.find(text) != page.npos; };
