@@ -95,16 +95,13 @@ public:
                          " too wide");
     }
 
-    /// Lines as they stand on a terminal, with a rule before line `rule` if it is one of the inner ones.
+    /// Lines as they stand on a terminal, with a rule after the first `rule` of them if that is not 0.
     [[nodiscard]] std::string screen(int32_t width, const TextLines& lines, const std::string& what,
                                      std::size_t rule = 0, const std::string& ruleText = "") const {
-        const bool hasRule = rule > 0 && rule < lines.size();
-        const std::size_t firstEnd = hasRule ? rule : lines.size();
+        const std::size_t firstEnd = rule > 0 ? rule : lines.size();
         std::string content = "\n" + pre(width, lines, 0, firstEnd);
-        if (hasRule) {
-            content += block("div", {{"class", "rule"}, {"role", "separator"}}, ruleText) +
-                       pre(width, lines, firstEnd, lines.size());
-        }
+        if (rule > 0) content += block("div", {{"class", "rule"}, {"role", "separator"}}, ruleText);
+        if (firstEnd < lines.size()) content += pre(width, lines, firstEnd, lines.size());
         const std::string label = what + ", " + id_ + ", " + std::to_string(width) + " columns";
         return block("div", {{"class", "screen scrolls"}, {"role", "group"}, {"aria-label", label}}, content);
     }

@@ -80,8 +80,9 @@ Boundary ShownLanguage::boundaryIn(const TextLines& license, int32_t width) cons
     const Boundary boundary{lines->size(), !agreement.endsWith(u"\n")};
     // In a double-width language, a cut may run past the line feed between the two.
     const std::size_t ownLines = lines->size() - (boundary.isInLine ? 1 : 0);
+    if (lines->size() > license.size()) return {};
     for (std::size_t i = 0; i < ownLines; ++i) {
-        if (i >= license.size() || (*lines)[i] != license[i]) return {};
+        if ((*lines)[i] != license[i]) return {};
     }
     return boundary;
 }

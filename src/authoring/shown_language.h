@@ -23,7 +23,7 @@ namespace zev {
 
 /// Where the information begins among the lines that agreement and information are laid out in.
 struct Boundary {
-    std::size_t line = 0;   ///< the first line that has none of the agreement; 0 if there is no such line
+    std::size_t line = 0;   ///< how many lines have a part of the agreement; 0 if that cannot be told
     bool isInLine = false;  ///< the information begins in the line before
 };
 
