@@ -141,7 +141,8 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
     }
     informations.back() = ':';
     EXPECT_EQ(set.check({"--langset", "3"}), "LA_es LA_it: warning: the same text as LA_en [same-text]\n" + agreements +
-                                                 informations + " warning: zev never reads a file of this name [name]\n");
+                                                 informations +
+                                                 " warning: zev never reads a file of this name [name]\n");
     EXPECT_EQ(set.check({"--stand-in", "en"}), "");
     set.write("set/LI_it", english);
     EXPECT_EQ(set.check({"--stand-in", "en"}), "LI_it: warning: the same text as LA_en [same-text]\n")
