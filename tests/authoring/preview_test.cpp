@@ -31,15 +31,15 @@ TEST(Preview, showsWhatZevShows) {
     const std::string allPages(300, '\n');
     const std::regex echoes("\\[INPUT\\] ==> q?");
     set.write("set/non_vur_license", set.read("set/LA_fr"));  // accents take two columns in Japanese
-    for (const auto& [code, englishName] : languages()) {
-        if (std::string(code) == "zh_TW") continue;
+    for (const LanguageEntry& language : languages()) {
+        const std::string code = language.code;
+        if (code == "zh_TW") continue;
         for (const std::string width : {"40", "80", "132"}) {
-            SCOPED_TRACE(code + (" at " + width));
+            SCOPED_TRACE(code + " at " + width);
             const auto shown = [&](const std::string& answers) {
                 const Finished zev =
                     run({"-l", set.path("set"), "-s", set.path("status")},
-                        {{"LC_ALL", code + std::string(".UTF-8")}, {"COLUMNS", width}, {"LINES", "24"}},
-                        answers + "2\n2\n");
+                        {{"LC_ALL", code + ".UTF-8"}, {"COLUMNS", width}, {"LINES", "24"}}, answers + "2\n2\n");
                 EXPECT_EQ(zev.exitCode, 3);
                 return std::regex_replace(zev.out, echoes, "");
             };
