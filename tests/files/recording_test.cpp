@@ -150,7 +150,7 @@ TEST(RecordingWithoutPrivileges, keepsWhatItMayNotWriteAndTakesForAbsentWhatItMa
         SCOPED_TRACE(file);
         const Sandbox sandbox;
         sandbox.write(file, "Status=9\n");
-        const auto allow = [&](unsigned bits) { ASSERT_EQ(chmod(sandbox.path(closed).c_str(), bits), 0); };
+        const auto allow = [path = sandbox.path(closed)](mode_t bits) { ASSERT_EQ(chmod(path.c_str(), bits), 0); };
         allow(mode);
         // Permissions bind root, too, without these capabilities; who is not root has none to drop.
         const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-m", sandbox.path("m")}), {}, "", [] {
