@@ -31,7 +31,7 @@ std::string randomName() {
 /// Whether a directory is scratch that this user's runs made, and that none of them holds locked any more. A lock that
 /// is missing was not made in time: then there is nothing else either.
 bool isLeftOver(int scratch) {
-    constexpr std::time_t minute = 60, day = 24 * 60 * minute;
+    constexpr std::time_t minute = 60, day = minute * 60 * 24;
     constexpr mode_t modeBits = 0777, mode = 0700;  // a directory of a group hands its setgid bit on
     struct stat status {};
     if (fstat(scratch, &status) != 0 || status.st_uid != geteuid() || (status.st_mode & modeBits) != mode) return false;

@@ -1,11 +1,11 @@
 #include "consent/trusted_path.h"
 
 #include <fcntl.h>
-#include <limits.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <deque>
 #include <fstream>

@@ -1,12 +1,12 @@
 #include "consent/way_out.h"
 
 #include <fcntl.h>
-#include <limits.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 #include "files/directory_at.h"
