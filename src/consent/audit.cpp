@@ -98,14 +98,11 @@ private:
         const std::string path = joinPath(joinPath(path_, name), fingerprint);
         Record record = judgeRecord(product, name, fingerprint, *owners_);
         if (record.fields.empty()) record.fields = {{"product", name}, {"terms", fingerprint}};
-        std::string state = auditOk;
-        if (record.state == RecordState::changed) {
-            state = "COPIES CHANGED";
-        } else if (record.state != RecordState::whole) {
-            state = auditIncomplete;
-        } else if (copies_ && copies_->fingerprint == fingerprint && !hasCopies(product, fingerprint)) {
-            state = "COPIES CHANGED";
-        }
+        const bool isWhole = record.state == RecordState::whole;
+        const bool hasOtherCopies =
+            isWhole && copies_ && copies_->fingerprint == fingerprint && !hasCopies(product, fingerprint);
+        std::string state = isWhole ? auditOk : auditIncomplete;
+        if (record.state == RecordState::changed || hasOtherCopies) state = "COPIES CHANGED";
         rows_.push_back({record.fields, state, path});
         if (record.state == RecordState::whole) addVersions(product, rows_.back());
     }

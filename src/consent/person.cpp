@@ -51,7 +51,7 @@ std::string effectivePerson() {
 }
 
 std::string loginPerson() {
-    constexpr uid_t unset = static_cast<uid_t>(-1);
+    constexpr auto unset = static_cast<uid_t>(-1);
     uid_t user = unset;
     std::ifstream("/proc/self/loginuid") >> user;
     return user == unset || user == geteuid() ? "" : nameOf(user);

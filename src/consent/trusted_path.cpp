@@ -63,7 +63,7 @@ public:
             const std::string step = steps_.front();
             steps_.pop_front();
             problem = enter(step);
-            if (isMissing_) return TrustedDirectory();
+            if (isMissing_) return {Descriptor(), ""};
         }
         if (problem.empty()) problem = checkOwners();
         if (problem.empty()) return {std::move(current_), ""};
