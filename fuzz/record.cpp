@@ -18,7 +18,7 @@
 #include "consent/record.h"
 #include "consent/store.h"
 #include "files/directory_at.h"
-#include "files/sha256.h"
+#include "files/license_fingerprint.h"
 #include "support.h"
 #include "support/session.h"
 

@@ -5,7 +5,7 @@
 link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options)
 
 link_unit(languages base
-  app/start_process lang/catalogue lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource
+  app/start_process lang/catalogue_texts lang/environment_locale lang/language_table lang/languages lang/resource
   lang/resource_factory lang/catalogues/*)
 
 link_unit(files languages
@@ -15,21 +15,21 @@ link_unit(files languages
 link_unit(locale_choice files lang/locale_choice)
 
 link_unit(console locale_choice
-  console/console_input console/dialog_run console/license_dialog console/line_breaking console/non_vur_pager
-  console/printing console/screens console/settled_breaks console/terminal_geometry console/text_lines console/text_output)
+  console/console_io console/dialog_run console/license_dialog console/line_breaking console/non_vur_pager
+  console/printing console/screens console/settled_breaks console/terminal_geometry)
 
 link_unit(driver console app/command_line app/run_driver)
 
 link_unit(tools console
-  console/code_page_loss console/terminal_columns files/atomic_directory files/descriptor files/directory_at
-  files/directory_listing files/license_fingerprint files/regular_file files/sha256)
+  console/code_page_loss console/terminal_columns files/atomic_directory files/directory_at
+  files/license_fingerprint files/regular_file)
 
 link_unit(consent tools
   consent/ask consent/audit consent/audit_report consent/call_words consent/command_lines consent/dialogue
-  consent/exit_status consent/legibility consent/owned_file consent/person consent/record consent/record_writer
+  consent/legibility consent/owned_file consent/person consent/record consent/record_writer
   consent/scratch consent/store consent/terminal consent/terms consent/trusted_path consent/way_out)
 
-executable(zev "driver;consent" app/legal_notice app/main)
+executable(zev "driver;consent" app/main)
 
 link_unit(authoring tools
   authoring/authoring_command_line authoring/character_checks

@@ -10,6 +10,14 @@
 
 namespace {
 
+/// Every copy of the executable contains this notice, but nothing prints it. Without `retain` the linker would drop it.
+[[gnu::used, gnu::retain]] constexpr char legalNotice[] =
+    "This program belongs to its maker and is handed out under a licence agreement.\n"
+    "Copyright 2024-2026. All rights that the agreement does not give are reserved.\n"
+    "Notice to public authorities: the rights of a government and of its agencies in this program\n"
+    "are those of the agreement under which they received it, and no others.\n"
+    "VUR\n";
+
 using Command = int (*)(int argc, char** argv);
 
 /// The names under which the file is something else than zev.

@@ -25,6 +25,6 @@ struct RunOptions {
     int languageSet = defaultLanguageSet;
 };
 
-extern RunOptions runOptions;
+inline RunOptions runOptions;
 
 }  // namespace zev

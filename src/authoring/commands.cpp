@@ -8,7 +8,7 @@
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "console/code_page_loss.h"
-#include "files/sha256.h"
+#include "files/license_fingerprint.h"
 
 namespace zev {
 

@@ -14,7 +14,7 @@
 #include "console/code_page_loss.h"
 #include "console/non_vur_pager.h"
 #include "console/terminal_columns.h"
-#include "files/directory_listing.h"
+#include "files/directory_at.h"
 #include "files/license_text_set.h"
 
 namespace zev {

@@ -12,7 +12,7 @@
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
 #include "files/atomic_directory.h"
-#include "files/directory_listing.h"
+#include "files/directory_at.h"
 #include "files/paths.h"
 #include "files/regular_file.h"
 

@@ -11,7 +11,7 @@
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
-#include "files/directory_listing.h"
+#include "files/directory_at.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
 #include "files/regular_file.h"

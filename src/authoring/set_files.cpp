@@ -5,7 +5,7 @@
 
 #include "app/run_options.h"
 #include "authoring/text_encoding.h"
-#include "files/directory_listing.h"
+#include "files/directory_at.h"
 #include "files/license_fingerprint.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "authoring/language_profile.h"
-#include "files/sha256.h"
+#include "files/license_fingerprint.h"
 #include "lang/language_table.h"
 
 namespace zev {

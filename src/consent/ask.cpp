@@ -13,7 +13,6 @@
 #include "consent/call_words.h"
 #include "consent/command_lines.h"
 #include "consent/dialogue.h"
-#include "consent/exit_status.h"
 #include "consent/legibility.h"
 #include "consent/person.h"
 #include "consent/record_writer.h"

@@ -7,7 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/start_process.h"
-#include "consent/exit_status.h"
+#include "consent/command_lines.h"
 #include "consent/legibility.h"
 #include "consent/person.h"
 #include "console/terminal_columns.h"

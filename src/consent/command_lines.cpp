@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "consent/exit_status.h"
 #include "consent/legibility.h"
 #include "lang/environment_locale.h"
 

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "files/directory_at.h"
-#include "files/sha256.h"
+#include "files/license_fingerprint.h"
 
 namespace zev {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 
 namespace zev {
 

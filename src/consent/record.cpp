@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "files/directory_at.h"
-#include "files/sha256.h"
+#include "files/license_fingerprint.h"
 
 namespace zev {
 

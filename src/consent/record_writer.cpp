@@ -13,8 +13,8 @@
 #include "consent/way_out.h"
 #include "files/directory_at.h"
 #include "files/license_copies.h"
+#include "files/license_fingerprint.h"
 #include "files/paths.h"
-#include "files/sha256.h"
 #include "lang/environment_locale.h"
 #include "lang/locale_choice.h"
 

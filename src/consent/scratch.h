@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 
 namespace zev {
 

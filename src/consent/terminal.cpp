@@ -10,7 +10,7 @@
 #include <iostream>
 
 #include "consent/way_out.h"
-#include "console/console_input.h"
+#include "console/console_io.h"
 
 namespace zev {
 

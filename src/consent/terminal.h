@@ -6,7 +6,7 @@
 #include <string>
 
 #include "console/terminal_geometry.h"
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 
 namespace zev {
 

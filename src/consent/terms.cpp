@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "app/run_options.h"
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 #include "files/encoded_text_file.h"
 #include "files/license_copies.h"
 #include "files/license_fingerprint.h"

@@ -6,7 +6,7 @@
 #include <csignal>
 #include <string>
 
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 
 /// Whatever must be put right at the end of a run, however it ends: the modes of the terminal, the scratch directory,
 /// the directories that were made for it. A signal does it in its handler, with async-signal-safe calls only, and then

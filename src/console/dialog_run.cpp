@@ -11,12 +11,11 @@
 #include "app/debug_trace.h"
 #include "app/exit_code.h"
 #include "app/run_context.h"
-#include "console/console_input.h"
+#include "console/console_io.h"
 #include "console/license_dialog.h"
 #include "console/non_vur_pager.h"
 #include "console/printing.h"
 #include "console/screens.h"
-#include "console/text_output.h"
 #include "files/license_text_set.h"
 #include "lang/resource.h"
 

@@ -4,11 +4,10 @@
 #include <iostream>
 
 #include "app/debug_trace.h"
-#include "console/console_input.h"
+#include "console/console_io.h"
 #include "console/license_dialog.h"
 #include "console/line_breaking.h"
 #include "console/screens.h"
-#include "console/text_output.h"
 #include "files/license_text_set.h"
 
 namespace zev {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "console/text_lines.h"
+#include "console/line_breaking.h"
 
 namespace zev {
 

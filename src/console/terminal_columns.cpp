@@ -13,7 +13,6 @@ int terminalColumns(UChar32 character) {
 }
 
 int64_t terminalColumns(const icu::UnicodeString& line) {
-    constexpr int64_t tabStop = 8;
     int64_t columns = 0;
     for (int32_t i = 0; i < line.length() && line[i] != u'\n';) {
         const UChar32 character = line.char32At(i);

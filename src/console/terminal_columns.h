@@ -10,7 +10,10 @@ namespace zev {
 /// its neighbour or not at all, otherwise 1. zev itself counts by simpler rules, see displayWidth.
 [[nodiscard]] int terminalColumns(UChar32 character);
 
-/// The columns of a line up to its line feed; a tab goes on to the next multiple of eight.
+/// The columns from one tab stop to the next.
+inline constexpr int64_t tabStop = 8;
+
+/// The columns of a line up to its line feed; a tab goes on to the next tab stop.
 [[nodiscard]] int64_t terminalColumns(const icu::UnicodeString& line);
 
 }  // namespace zev

@@ -6,10 +6,13 @@
 
 namespace zev {
 
-/// The size of a screen. The defaults hold for a terminal of which nothing is known.
+/// The screen of a terminal of which nothing is known, and the one for which texts are written and checked.
+inline constexpr int32_t usualWidth = 80;   ///< columns
+inline constexpr int32_t usualHeight = 24;  ///< lines
+
 struct ScreenSize {
-    int32_t width = 80;   ///< columns
-    int32_t height = 24;  ///< lines
+    int32_t width = usualWidth;
+    int32_t height = usualHeight;
 };
 
 /// The lines that every page leaves free besides its text and its prompt.

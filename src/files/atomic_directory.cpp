@@ -13,9 +13,7 @@
 #include <system_error>
 #include <thread>
 
-#include "files/descriptor.h"
 #include "files/directory_at.h"
-#include "files/directory_listing.h"
 
 namespace zev {
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <memory>
 
 namespace zev {
@@ -104,6 +105,17 @@ void removeDirectoryAt(int parent, const char* name, int directory) noexcept {
     struct stat found {};
     if (fstat(directory, &own) != 0 || fstatat(parent, name, &found, AT_SYMLINK_NOFOLLOW) != 0) return;
     if (own.st_dev == found.st_dev && own.st_ino == found.st_ino) unlinkat(parent, name, AT_REMOVEDIR);
+}
+
+bool listDirectory(const std::string& directory, std::vector<std::string>& names, std::string& problem) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
+        names.push_back(entry->path().filename());
+    }
+    if (error) problem = directory + ": " + error.message();
+    std::ranges::sort(names);
+    return !error;
 }
 
 }  // namespace zev

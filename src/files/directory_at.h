@@ -1,14 +1,41 @@
 #pragma once
 
+#include <unistd.h>
+
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
-
-#include "files/descriptor.h"
 
 /// Files reached through the descriptor of their directory, whatever becomes of its path meanwhile. A link in the place
 /// of a name is never followed. On failure errno has the cause.
 namespace zev {
+
+/// Owns a file descriptor and closes it at its end; a negative one stands for none.
+class Descriptor {
+public:
+    explicit Descriptor(int number = -1) : number_(number) {}
+    ~Descriptor() { reset(); }
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        if (this != &other) {
+            reset();
+            number_ = std::exchange(other.number_, -1);
+        }
+        return *this;
+    }
+
+    [[nodiscard]] int get() const { return number_; }
+    [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+
+private:
+    void reset() {
+        if (isOpen()) close(number_);
+        number_ = -1;
+    }
+
+    int number_;
+};
 
 [[nodiscard]] Descriptor openDirectoryAt(int parent, const std::string& name);
 
@@ -29,5 +56,9 @@ void removeTreeAt(int parent, const char* name) noexcept;
 
 /// Removes an empty directory if it is the one of a descriptor, and not another that took its name. Async-signal-safe.
 void removeDirectoryAt(int parent, const char* name, int directory) noexcept;
+
+/// The names in a directory in the order of their bytes. False, and `problem` names the directory and says why, when it
+/// cannot be read.
+[[nodiscard]] bool listDirectory(const std::string& directory, std::vector<std::string>& names, std::string& problem);
 
 }  // namespace zev

@@ -1,12 +1,36 @@
 #pragma once
 
+#include <sha2.h>
+#include <sys/types.h>  // which the header of libmd needs first
+
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "files/sha256.h"
-
 namespace zev {
+
+/// SHA-256, FIPS 180-4, of bytes that come piece by piece.
+class Sha256 {
+public:
+    Sha256() { SHA256Init(&context_); }
+    void add(std::string_view bytes);
+    /// 64 hexadecimal digits in lower case; comes last.
+    [[nodiscard]] std::string digits();
+
+private:
+    SHA2_CTX context_;
+};
+
+[[nodiscard]] std::string sha256(std::string_view bytes);
+
+struct FileSum {
+    std::string name;
+    std::string sum;  ///< as sha256 gives it
+};
+
+/// The lines that sha256sum writes for files whose names need no escapes.
+[[nodiscard]] std::string sumLines(std::span<const FileSum> files);
 
 /// The names of all files of a language set in the order of a fingerprint: the agreements in the order of the
 /// languages, the information of each, the terms of other parties, the notices.

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "files/descriptor.h"
+#include "files/directory_at.h"
 
 namespace zev {
 

@@ -1,10 +1,11 @@
-#include "console/console_input.h"
+#include "console/console_io.h"
 
 #include <iostream>
 
 #include "app/debug_trace.h"
 #include "app/run_options.h"
 #include "console/license_dialog.h"
+#include "lang/environment_locale.h"
 
 namespace zev {
 
@@ -13,6 +14,17 @@ namespace {
 constexpr const char* inputMark = "[INPUT] ==> ";
 
 }  // namespace
+
+void writeLines(const TextLines& lines) { writePage(lines, {0, lines.size(), 0}); }
+
+void writeEmptyLines(std::size_t count) {
+    while (count-- > 0) std::cout << '\n';
+}
+
+void writePage(const TextLines& lines, const Page& page) {
+    for (std::size_t index = page.begin; index < page.end; ++index) std::cout << InCodePage{lines[index]};
+    writeEmptyLines(page.emptyLines);
+}
 
 void readInput(LicenseDialog& dialog, std::span<char> buffer) {
     std::cout.flush();

@@ -3,9 +3,15 @@
 #include <cstddef>
 #include <span>
 
+#include "console/line_breaking.h"
+#include "console/screens.h"
+
 namespace zev {
 
-struct LicenseDialog;
+/// All write to standard output.
+void writeLines(const TextLines& lines);
+void writeEmptyLines(std::size_t count);
+void writePage(const TextLines& lines, const Page& page);
 
 /// The size in bytes of every answer buffer.
 inline constexpr std::size_t answerSize = 80;

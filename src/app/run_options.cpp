@@ -1,7 +1,0 @@
-#include "app/run_options.h"
-
-namespace zev {
-
-RunOptions runOptions;
-
-}  // namespace zev
