@@ -6,6 +6,7 @@
 
 #include "app/run_options.h"
 #include "authoring/finding.h"
+#include "console/terminal_geometry.h"
 
 namespace zev {
 
@@ -41,8 +42,8 @@ struct PreviewCommand {
     std::string directory, codePage, html;
     std::vector<std::string> languages;  ///< all of the set where empty
     int languageSet = defaultLanguageSet;
-    int32_t width = 80;      ///< columns
-    int32_t pageHeight = 0;  ///< lines of the screen; 0 shows the text without pages and prompts
+    int32_t width = usualWidth;  ///< columns
+    int32_t pageHeight = 0;      ///< lines of the screen; 0 shows the text without pages and prompts
 };
 
 /// Run a command: results go to standard output, messages to standard error. They return the exit status.

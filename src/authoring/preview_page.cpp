@@ -8,13 +8,14 @@
 #include "authoring/language_profile.h"
 #include "console/code_page_loss.h"
 #include "console/non_vur_pager.h"
+#include "console/screens.h"
+#include "console/terminal_columns.h"
 #include "files/license_text_set.h"
 
 namespace zev {
 
 namespace {
 
-constexpr ScreenSize usualScreen;
 constexpr std::size_t shortSum = 16;  ///< digits of a fingerprint that are enough to tell it, as for zev-ask
 
 std::string number(std::size_t count) { return element("td", {{"class", "number"}}, std::to_string(count)); }
@@ -84,15 +85,15 @@ public:
 
     /// The cells of the overview, for a terminal of the usual size.
     [[nodiscard]] std::string figures(const TextLines& lines, std::size_t pages) const {
-        return number(lines.size()) + number(pages) + number(tooWideLines(lines, usualScreen.width)) +
+        return number(lines.size()) + number(pages) + number(tooWideLines(lines, usualWidth)) +
                element("td", {{"class", "losses"}}, losses_.empty() ? "none" : losses_);
     }
 
     [[nodiscard]] std::string heading(int32_t width, const TextLines& lines, std::size_t pages) const {
         return block("h3", {{"id", idAt(id_, width)}},
                      std::to_string(width) + " columns: " + counted(lines.size(), "line") + ", " +
-                         counted(pages, "page") + " of 24 lines, " + counted(tooWideLines(lines, width), "line") +
-                         " too wide");
+                         counted(pages, "page") + " of " + std::to_string(usualHeight) + " lines, " +
+                         counted(tooWideLines(lines, width), "line") + " too wide");
     }
 
     /// Lines as they stand on a terminal, with a rule after the first `rule` of them if that is not 0.
@@ -107,7 +108,8 @@ public:
     }
 
     static std::string at(int32_t width, const std::string& content) {
-        return block("div", {{"class", "at" + std::to_string(width)}}, "\n" + content);
+        const std::string kind = width == usualWidth ? "terminal usual" : "terminal";
+        return block("div", {{"class", kind}, {"style", "--columns: " + std::to_string(width)}}, "\n" + content);
     }
 
 private:
@@ -155,10 +157,18 @@ constexpr const char* legend =
     "screen</span> <span class=\"symbol\">no shape of its own: obeyed or hidden by the terminal</span></p>\n";
 
 constexpr const char* overviewHead =
-    "\n<caption>On a terminal of 80 columns and 24 lines</caption>\n<thead><tr><th scope=\"col\">Text</th>"
+    "<thead><tr><th scope=\"col\">Text</th>"
     "<th scope=\"col\" class=\"number\">Lines</th><th scope=\"col\" class=\"number\">Pages</th>"
     "<th scope=\"col\" class=\"number\">Lines too wide</th><th scope=\"col\">Characters lost</th>"
     "<th scope=\"col\">Findings</th></tr></thead>\n";
+
+std::string overviewCaption() {
+    return "\n" + block("caption", {},
+                        "On a terminal of " + std::to_string(usualWidth) + " columns and " +
+                            std::to_string(usualHeight) + " lines");
+}
+
+std::string pageStyle() { return ":root { --tab-stop: " + std::to_string(tabStop) + " }\n" + previewStyle(); }
 
 std::string sheetStyle(const std::string& name, const std::string& margin) {
     return "@page " + name + " { @bottom-left { content: " + cssString(margin) + " } }\n";
@@ -186,10 +196,10 @@ bool PreviewPage::addLanguage(const LanguageEntry& entry) {
     const bool isLoaded = language.load();
     const TextScreens text(code, tagOf(code), codePagesOf({&code, 1}, preview_.codePage), language.text());
     for (const int32_t width : widths) {
-        const auto shown = isLoaded ? language.layOut({width, usualScreen.height}) : nullptr;
+        const auto shown = isLoaded ? language.layOut({width, usualHeight}) : nullptr;
         if (!shown) break;
         part.screens += languageScreens(text, width, *shown, language.boundaryIn(shown->license(), width), code);
-        if (width == usualScreen.width) part.figures = text.figures(shown->license(), shown->pageCount());
+        if (width == usualWidth) part.figures = text.figures(shown->license(), shown->pageCount());
     }
     add(part);
     return !part.screens.empty();
@@ -206,10 +216,10 @@ void PreviewPage::addTerms(const ShownTerms& terms) {
     const TextScreens text(part.id, "", codePagesOf(terms.codes, preview_.codePage), terms.text);
     for (std::size_t i = 0; i < std::size(widths); ++i) {
         const TextLines& lines = *terms.lines[i];
-        const std::size_t pages = pageCountOfTerms(lines, usualScreen.height);
+        const std::size_t pages = pageCountOfTerms(lines, usualHeight);
         part.screens += TextScreens::at(
             widths[i], text.heading(widths[i], lines, pages) + text.screen(widths[i], lines, "The terms"));
-        if (widths[i] == usualScreen.width) part.figures = text.figures(lines, pages);
+        if (widths[i] == usualWidth) part.figures = text.figures(lines, pages);
     }
     part.screens += block("p", {}, "Asked under every page: " + element("code", {}, escapeHtml(morePrompt)));
     add(part);
@@ -240,13 +250,14 @@ std::string PreviewPage::html() const {
     const std::string title = "Licence directory " + escapeHtml(directory_);
     const std::string head =
         "<meta charset=\"utf-8\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n" +
-        block("title", {}, title) + block("style", {}, previewStyle() + sheetStyle("", directory_) + sheetStyle_);
+        block("title", {}, title) + block("style", {}, pageStyle() + sheetStyle("", directory_) + sheetStyle_);
     const std::string header = block("h1", {}, title) +
                                block("p", {}, "As zev " + escapeHtml(runOptions.version) + " shows it on a terminal.") +
                                listOfSums({}, {{}, sums_.fingerprint});
     const std::string overview =
         block("h2", {{"id", "languages"}}, "Texts") +
-        block("div", {{"class", "scrolls"}}, element("table", {}, overviewHead + block("tbody", {}, "\n" + rows_))) +
+        block("div", {{"class", "scrolls"}},
+              element("table", {}, overviewCaption() + overviewHead + block("tbody", {}, "\n" + rows_))) +
         legend + block("h2", {{"id", "findings"}}, "Findings") + listOf(findings_);
     const std::string files =
         block("h2", {{"id", "files"}}, "Files") +

@@ -8,6 +8,7 @@
 #include "authoring/finding.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
+#include "console/terminal_geometry.h"
 #include "lang/language_table.h"
 
 namespace zev {
@@ -17,7 +18,7 @@ namespace zev {
 class PreviewPage {
 public:
     /// The columns of the terminals on which the page shows each text.
-    static constexpr int32_t widths[]{40, 80, 132};
+    static constexpr int32_t widths[]{40, usualWidth, 132};
 
     /// `findings` are those that `check` has of what the page shows, `sums` those of all files. All outlive the page.
     PreviewPage(const PreviewCommand& preview, const Findings& findings, const SetSums& sums);

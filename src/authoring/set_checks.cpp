@@ -11,6 +11,7 @@
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
+#include "console/terminal_geometry.h"
 #include "files/directory_at.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
@@ -19,8 +20,6 @@
 namespace zev {
 
 namespace {
-
-constexpr int32_t usualWidth = 80;  ///< columns of the terminal that words must fit
 
 const char* encodingError(Encoding encoding) {
     switch (encoding) {
@@ -109,7 +108,8 @@ Findings checkWords(std::span<const SetText> texts) {
         int32_t position = 0;
         if (!language.hasTooWideWord(text.text, usualWidth, position)) continue;
         findings.push_back({text.namedFile(), positionAt(text.text, position), Severity::warning, "wide-word",
-                            "a word that a line of 80 columns cannot hold is cut, or its line overflows"});
+                            "a word that a line of " + std::to_string(usualWidth) +
+                                " columns cannot hold is cut, or its line overflows"});
     }
     return findings;
 }
