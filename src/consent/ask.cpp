@@ -204,7 +204,7 @@ private:
         problem = writeRecord(fields, terms_, call_.languageSet);
         adoptTerminalLocale();
         if (problem.empty()) problem = state_.publish(scratch_.directory.get(), recordDirectory, terms_.fingerprint());
-        if (!problem.empty()) return fail("the acceptance cannot be recorded: " + problem + "; is the disk full?");
+        if (!problem.empty()) return fail("the acceptance cannot be recorded: " + problem);
         groups != nullptr ? logVersion(fields) : completeMaster();
         report("(" + mode + ")");
         return ask_status::accepted;

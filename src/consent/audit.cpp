@@ -156,7 +156,11 @@ private:
         std::string bytes, ignored;
         Owners owners = *owners_;
         const Descriptor directory = openDirectoryAt(parent, name);
-        if (!directory.isOpen() || !readOwned(directory.get(), statusName, mostOfLines, owners, bytes, ignored)) return;
+        if (faccessat(directory.get(), statusName, F_OK, AT_SYMLINK_NOFOLLOW) != 0) return;
+        if (!readOwned(directory.get(), statusName, mostOfLines, owners, bytes, ignored)) {
+            rows_.push_back({{}, auditIncomplete, joinPath(path, statusName)});
+            return;
+        }
         std::istringstream status(bytes);
         std::string line, date;
         while (std::getline(status, line) && (line.empty() || line.front() == '#')) {

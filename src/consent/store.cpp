@@ -150,8 +150,8 @@ std::string Store::move(int scratch, const std::string& name, const std::string&
         problem = openProductDirectory(product);
         if (!problem.empty()) continue;
         if (renameat(scratch, name.c_str(), product.get(), fingerprint.c_str()) == 0) {
-            const bool isOnDisk = syncAt(product.get(), ".") && syncAt(descriptor(), ".");
-            return isOnDisk ? "" : failure(path_);
+            const bool isOnDisk = syncAt(product.get(), ".") && syncAt(descriptor(), ".") && syncMadeForRun();
+            return isOnDisk ? "" : failure(path_ + " has the record, but may lose it with the power");
         }
         problem = failure(joinPath(joinPath(path_, product_), fingerprint));
         if (errno == EEXIST || errno == ENOTEMPTY) {

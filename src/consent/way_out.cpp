@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -181,6 +182,11 @@ bool makeForRun(int parent, const std::string& name, mode_t mode) {
     if (!make(made[madeCount], parent, name, mode)) return errno == EEXIST;
     ++madeCount;
     return true;
+}
+
+bool syncMadeForRun() {
+    return std::all_of(made.begin(), made.begin() + madeCount,
+                       [](const Made& entry) { return syncAt(entry.parent, ".") || errno == EACCES; });
 }
 
 Descriptor makeScratch(int parent, const std::string& name) {

@@ -37,6 +37,9 @@ void catchSignals();
 /// not there either.
 [[nodiscard]] bool makeForRun(int parent, const std::string& name, mode_t mode);
 
+/// Brings the names of the directories that were made for the run to the disk, as far as their parents can be read.
+[[nodiscard]] bool syncMadeForRun();
+
 /// The parts of a scratch directory.
 inline constexpr const char* termsDirectory = "terms";
 inline constexpr const char* recordDirectory = "record";

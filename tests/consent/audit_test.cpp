@@ -77,6 +77,8 @@ TEST_F(Audit, lendsARecordOfZevNoMoreThanItProves) {
     EXPECT_THAT(audit({"--tsv", "-l", licenses, status}).out, Not(HasSubstr(terms())));
     sandbox.write("status/license/status.dat", "#\nStatus=3\n");
     EXPECT_THAT(audit({status}).out, HasSubstr("NOT ACCEPTED"));
+    ASSERT_EQ(script("cd " + status + "/license && rm status.dat && mkfifo status.dat").exitCode, 0);
+    EXPECT_THAT(audit({status}).out, HasSubstr("INCOMPLETE"));
 }
 
 TEST_F(Audit, showsNothingThatATerminalWouldObey) {
