@@ -61,6 +61,8 @@ TEST(Streams, keepFilesOffTheNumbersOfThoseThatAreClosed) {
         EXPECT_EQ(run(arguments, {}, "1\n", prepare).exitCode, 9);
         EXPECT_EQ(sandbox.read("log"), "1\n");
         EXPECT_EQ(sandbox.read("status/license/German.txt"), "de agreement\nde information\n");
+        EXPECT_EQ(run(arguments, {}, "", prepare).exitCode, 9);
+        EXPECT_EQ(sandbox.read("log"), "1\n") << "who is not asked leaves no log";
     }
 }
 
