@@ -180,8 +180,8 @@ int writePage(const std::string& path, const std::string& html) {
     file << html;
     file.close();
     if (file) return authoring_status::clean;
-    std::error_code error;
-    if (isBegun && fs::is_regular_file(fs::symlink_status(path, error))) fs::remove(path, error);
+    std::error_code ignored;
+    if (isBegun && fs::is_regular_file(fs::symlink_status(path, ignored))) fs::remove(path, ignored);
     return cannotWork(path + ": cannot be written");
 }
 

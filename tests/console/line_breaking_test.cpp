@@ -72,7 +72,7 @@ TEST(LineBreaking, givesExactlyTheLinesOfThePlainAlgorithm) {
     for (const char* language : {"en_US", "fr", "ja_JP", "ko", "zh_TW"}) {
         const Speaker speaker(language);
         for (int round = 0; round < 400; ++round) {
-            const auto& alphabet = alphabets[upTo(6)];
+            const auto& alphabet = alphabets[upTo(int32_t{std::size(alphabets)} - 1)];
             const int32_t length = 1 + upTo(200), longestRun = upTo(40);
             icu::UnicodeString text;
             while (text.length() < length) {
