@@ -28,7 +28,7 @@ std::string withoutSums(const std::string& preview) {
 
 TEST(Preview, showsWhatZevShows) {
     const SampleSet set;
-    const std::string allPages(300, '\n');
+    const std::string allPages(40, '\n');
     const std::regex echoes("\\[INPUT\\] ==> q?");
     set.write("set/non_vur_license", set.read("set/LA_fr"));  // accents take two columns in Japanese
     for (const LanguageEntry& language : languages()) {
