@@ -5,7 +5,7 @@
 # install.sh --fingerprint          prints their fingerprint
 # install.sh --remove               removes acme; the records of zev-ask stay
 #
-# Any other word is refused: zev-ask ends with 0 after --help too, and nothing would have been accepted.
+# Any other argument is refused: zev-ask also exits with 0 after --help, although nothing was accepted.
 media=$(dirname -- "$(readlink -f -- "$0")")
 case "$# ${1:-}" in
     '0 ') ;;
