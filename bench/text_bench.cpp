@@ -1,5 +1,5 @@
-// How long breaking, loading and copying take for texts of 1 and of 10 MB, and the ratio of the two: about 10 where the
-// time is proportional to the text.
+// How long breaking, loading and copying take for texts of 1 and of 10 MB, and the ratio of the two times. It is about
+// 10 if the time is proportional to the size of the text.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -92,7 +92,7 @@ void copy(benchmark::State& state) {
     std::filesystem::remove_all(directory);
 }
 
-/// The usual table, and the ratio behind the larger size of each benchmark.
+/// The usual table, with the ratio after the larger size of each benchmark.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {

@@ -1,9 +1,9 @@
-# Run by the build: cuts ICU's static data library down to what a list keeps.
+# The build runs this: it cuts ICU's static data library down to what a list keeps.
 #
 #   cmake -D LIBRARY=libicudata.a -D KEPT=list -D OUTPUT=object -D AR=... -D OBJCOPY=... -D ICUPKG=... -P CutIcuData.cmake
 #
-# The object has the name and the symbol of the whole data, so that the linker takes it instead. It works in the
-# directory of OUTPUT, which it makes anew. AR and OBJCOPY are those of the target; icupkg knows either byte order.
+# The object has the name and the symbol of the whole data, so that the linker takes it instead. The script works in the
+# directory of OUTPUT, which it empties first. AR and OBJCOPY are those of the target; icupkg knows both byte orders.
 cmake_minimum_required(VERSION 3.25)
 
 get_filename_component(directory ${OUTPUT} DIRECTORY)
@@ -33,7 +33,7 @@ string(STRIP "${output}" member)
 if(NOT member MATCHES "^(icudt[0-9]+[lb])_dat\\.a?o$")
   message(FATAL_ERROR "ICU's data cannot be cut: ${LIBRARY} should hold one object with data and holds `${member}`.")
 endif()
-# icupkg takes the name of a package from its file.
+# icupkg takes the name of a package from the name of its file.
 set(whole whole/${CMAKE_MATCH_1}.dat)
 set(small ${CMAKE_MATCH_1}.dat)
 

@@ -1,7 +1,7 @@
-# The target zev_icu_data: what zev can use of ICU's data, as an object that is linked instead of the whole. See
-# icu_data_kept.txt. Without the means to cut it is empty, and the whole data are linked.
+# The target zev_icu_data: an object with the part of ICU's data that zev can use, which is linked instead of all the data.
+# See icu_data_kept.txt. Without the tools to cut the data, the target is empty and all the data are linked.
 
-# The releases of ICU of which what zev uses was compared with the whole: to add one, name it and run
+# The releases of ICU for which zev with the cut data was compared with zev with all the data. To add one, name it here and run
 # ctest --preset release.
 set(icu_releases_compared 72 76)
 
@@ -15,7 +15,7 @@ endif()
 
 add_library(zev_icu_data INTERFACE)
 if(whole_data)
-  # Whatever the order of the libraries.
+  # This makes the order of the libraries irrelevant.
   target_link_options(zev_icu_data INTERFACE LINKER:--undefined=icudt${icu_release}_dat)
   message(WARNING "All of ICU's data are linked, some 23 MB more than zev needs: ${whole_data}.")
   return()

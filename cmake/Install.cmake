@@ -1,4 +1,4 @@
-# What `cmake --install` lays down. What a build does not have, such as zev-licenses, is left out without a word.
+# What `cmake --install` installs. It silently leaves out what a build does not have, such as zev-licenses.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -21,7 +21,7 @@ foreach(section IN ITEMS 1 5)
   install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section})
 endforeach()
 
-# README with whatever it links to. Its brackets would hold a list of CMake together.
+# README and every file that it links to. Brackets are replaced first, because CMake does not split a list inside them.
 file(READ README.md text)
 string(REPLACE "](" "src=\"" text "${text}")
 string(REGEX MATCHALL "src=\"[^:#)\"]+" links "${text}")

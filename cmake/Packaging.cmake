@@ -1,5 +1,5 @@
-# What `cpack` makes of the installed tree: a .deb and a .rpm, byte for byte the same for the same SOURCE_DATE_EPOCH and
-# umask. Out of a build with ZEV_STATIC they depend on nothing.
+# What `cpack` makes of the installed tree: a .deb and a .rpm, with the same bytes for the same SOURCE_DATE_EPOCH and umask.
+# From a build with ZEV_STATIC they depend on no other package.
 set(ZEV_PACKAGE_CONTACT "zev maintainers <maintainers@zev.invalid>" CACHE STRING
   "Name and address of who answers for the packages")
 
@@ -56,7 +56,7 @@ set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
   /usr/lib/cmake /usr/share/man /usr/share/man/man1 /usr/share/man/man5
   /usr/share/bash-completion /usr/share/bash-completion/completions
   /usr/share/fish /usr/share/fish/vendor_completions.d /usr/share/zsh /usr/share/zsh/site-functions)
-# rpm would strip once more, link build ids, and write down the time, the machine and each file's own date.
+# Otherwise rpm would strip again, link build ids, and record the time, the machine and each file's own date.
 set(CPACK_RPM_SPEC_MORE_DEFINE
 "%define __os_install_post %{nil}
 %define _build_id_links none

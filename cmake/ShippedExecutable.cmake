@@ -1,6 +1,6 @@
-# zev_ship(<target>): makes an executable one that can be handed out. With ZEV_STATIC it is one file that needs nothing of
-# the system: position-independent, hardened, without symbols, and without the parts of ICU that are never reached.
-# Included before the first target, since everything that goes into such a file is compiled for it.
+# zev_ship(<target>): makes an executable fit to be shipped. With ZEV_STATIC it is one file that needs nothing of the system:
+# position-independent, hardened, without symbols, and without the parts of ICU that zev never calls. Include this file before
+# the first target, because it also sets the options with which everything in such an executable is compiled.
 
 if(ZEV_STATIC)
   include(CheckCXXCompilerFlag)
@@ -13,14 +13,14 @@ if(ZEV_STATIC)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     add_compile_options(-Wno-restrict)  # at -O3 it sees overlaps inside of std::string that are not there
   endif()
-  # What one processor or compiler has and another has not, or ignores with a warning.
+  # Not every processor or compiler has these options; some ignore them with a warning.
   set(CMAKE_REQUIRED_FLAGS -Werror)
   foreach(flag IN ITEMS -fstack-clash-protection -fcf-protection=full -mbranch-protection=standard)
     string(MAKE_C_IDENTIFIER "ZEV_HAS${flag}" has_flag)
     check_cxx_compiler_flag(${flag} ${has_flag})
     add_compile_options($<$<BOOL:${${has_flag}}>:${flag}>)
   endforeach()
-  # Some linkers know it and pack nothing.
+  # Some linkers accept the option and pack nothing.
   set(CMAKE_REQUIRED_LINK_OPTIONS LINKER:-z,pack-relative-relocs)
   check_cxx_source_compiles("int main() {}" ZEV_HAS_packed_relocations FAIL_REGEX ignored)
   unset(CMAKE_REQUIRED_LINK_OPTIONS)
@@ -34,7 +34,7 @@ if(ZEV_STATIC)
 endif()
 
 function(zev_ship target)
-  # In every build, so that the suite notices should ICU come to call what is left out.
+  # Linked in every build, so that the tests show it if ICU begins to call what is left out.
   target_link_libraries(${target} PRIVATE zev_icu_left_out)
   if(ZEV_STATIC)
     target_link_libraries(${target} PRIVATE zev_no_plugins zev_shipped)

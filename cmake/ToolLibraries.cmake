@@ -1,5 +1,5 @@
-# What zev-ask, zev-audit and zev-licenses need beside ICU. Where something of it is missing, zev is built alone, and the
-# message says which packages bring the rest.
+# What zev-ask, zev-audit and zev-licenses need in addition to ICU. If any of it is missing, zev is built alone, and a message
+# says which packages have it.
 find_library(LIBMD_LIBRARY md)
 find_path(LIBMD_INCLUDE_DIR sha2.h)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)

@@ -7,8 +7,8 @@
 # is OUTPUT, or NAME in the current binary directory if that is not given; it is the target's property
 # ZEV_LICENSE_DIRECTORY.
 #
-# Runs this build's zev-licenses, else the installed one. When cross-compiling without an emulator it is one of the machine
-# that builds, found on the PATH or named by ZEV_LICENSES_PROGRAM.
+# Runs this build's zev-licenses or, if it has none, the installed one. When cross-compiling without an emulator, it runs one for
+# the machine that builds, found on the PATH or named by ZEV_LICENSES_PROGRAM.
 function(zev_add_license_set name)
   cmake_parse_arguments(PARSE_ARGV 1 arg STRICT "SOURCES;STAND_IN;LANG;LANGSET;OUTPUT" ACCEPT)
   if(NOT arg_SOURCES OR arg_UNPARSED_ARGUMENTS)

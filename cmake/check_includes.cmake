@@ -1,4 +1,4 @@
-# Fails for every include in SOURCES against the chain of link_units.cmake, and for every circle of units.
+# Fails for every include in SOURCES that the layers in link_units.cmake forbid, and for every circle of units.
 cmake_minimum_required(VERSION 3.25)
 
 file(GLOB_RECURSE files RELATIVE ${SOURCES} ${SOURCES}/*.h ${SOURCES}/*.cpp)
@@ -6,7 +6,7 @@ set(units "${files}")
 list(TRANSFORM units REPLACE "[.](h|cpp)$" "")
 list(REMOVE_DUPLICATES units)
 
-# Sets <unit>_home and, for the link unit, the homes that may be included from it.
+# Sets <unit>_home, the layer of a unit, and for each layer the layers that it may include.
 function(link_unit home below)
   set(may ${home})
   foreach(unit IN LISTS below)
@@ -52,7 +52,7 @@ foreach(file IN LISTS files)
   endforeach()
 endforeach()
 
-# Takes away, again and again, the units that need none of those left, and then those that none left needs.
+# Repeatedly removes the units that need none of those that are left, and then those that no other one needs. A circle stays.
 foreach(relation IN ITEMS needs users)
   set(taken start)
   while(taken)

@@ -1,5 +1,5 @@
-# Toolchain file for another processor: Debian's cross compiler, and everything that ends up in the file from the packages
-# of that processor, which lie unpacked in ZEV_ROOT. ZEV_PROCESSOR is its name in GNU triplets, such as aarch64.
+# Toolchain file for another processor. It uses Debian's cross compiler, and takes everything that is linked from the packages of
+# that processor, which are unpacked in ZEV_ROOT. ZEV_PROCESSOR is its name in GNU triplets, such as aarch64.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZEV_PROCESSOR ZEV_ROOT)
 
 set(CMAKE_SYSTEM_NAME Linux)
@@ -14,7 +14,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
-# The cross compiler has headers and libraries of its own, of an older C library, and looks there first.
+# The cross compiler has headers and libraries of its own, for an older C library, and would look there first.
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -dumpversion OUTPUT_VARIABLE release OUTPUT_STRIP_TRAILING_WHITESPACE)
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=include OUTPUT_VARIABLE builtin
   OUTPUT_STRIP_TRAILING_WHITESPACE)

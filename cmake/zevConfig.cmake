@@ -1,3 +1,3 @@
-# Read by find_package(zev): the executables zev::zev and, where it was installed, zev::licenses.
+# find_package(zev) reads this: the executables zev::zev and, if it was installed, zev::licenses.
 include("${CMAKE_CURRENT_LIST_DIR}/zevTargets.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/ZevLicenseSet.cmake" OPTIONAL)

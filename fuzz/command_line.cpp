@@ -1,6 +1,6 @@
-// A command line is read as by a second parser: the settings, the version printed, the exit code, and the trace line of
-// a refusal where the trace goes. Input: the words, a NUL behind each. Slashes are taken out, so that no trace file is
-// created elsewhere.
+// Compares zev's reading of a command line with that of a second parser: the settings, the printed version, the exit
+// code, and, in the right place, the trace line of a refusal. Input: the words, each ended by a NUL. Slashes are
+// removed, so that no trace file is created elsewhere.
 
 #include "app/command_line.h"
 
@@ -24,7 +24,7 @@ using Names = std::set<std::string>;
 
 struct Outcome {
     RunOptions options;
-    int exitCode = 0;  ///< 0 when the line is in order
+    int exitCode = 0;  ///< 0 if the command line is correct
     std::string printed;
     std::string traced;
     std::string traceFile;  ///< empty for standard error
@@ -43,7 +43,7 @@ std::string described(const Outcome& outcome) {
     return text.str();
 }
 
-/// The second parser, which takes the words off a list.
+/// The second parser, which removes words from a list.
 class SecondParser {
 public:
     explicit SecondParser(std::vector<std::string> words) : words_(std::move(words)) {
@@ -108,7 +108,7 @@ private:
     std::vector<std::string> words_;
 };
 
-/// Makes a directory the current one for a while.
+/// Makes a directory the working directory while it lives.
 class Stay {
 public:
     explicit Stay(const std::string& path) : former_(std::filesystem::current_path()) {
@@ -122,7 +122,7 @@ private:
     std::filesystem::path former_;
 };
 
-/// What zev makes of the words. The trace files are created in `directory`, which is empty before and after.
+/// What zev reads from the words. The trace files are created in `directory`, which is empty before and after.
 Outcome parse(const std::string& directory, std::vector<std::string> words, const std::string& traceFile) {
     const Stay stay(directory);
     std::vector<char*> argv;

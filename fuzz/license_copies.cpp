@@ -1,5 +1,5 @@
-// A copy holds what ICU makes of the text unit by unit, in each of its code pages, and nothing of an earlier copy.
-// Input: a byte for the code page, the file.
+// Compares a copy with what ICU converts one code unit at a time, in several code pages. Nothing of an earlier copy may
+// be left. Input: a byte for the code page, then the file.
 
 #include <unicode/ucnv.h>
 

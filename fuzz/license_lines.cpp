@@ -1,6 +1,6 @@
-// The bytes of an agreement become lines: loaded as ICU decodes them in one piece, and broken as by the plain
+// Compares the loaded text of an agreement with what ICU decodes in one piece, and its lines with those of the plain
 // algorithm, in every language and at every width. Input: a byte for the language (its highest bit for English rules),
-// a byte for the width, the file.
+// a byte for the width, then the file.
 
 #include <string>
 #include <vector>
@@ -15,7 +15,7 @@
 namespace zev::fuzz {
 namespace {
 
-/// A licence directory whose agreements are all one file.
+/// A licence directory in which all agreements are the same file.
 struct Licenses {
     Licenses() {
         for (const LanguageEntry& language : languages) {

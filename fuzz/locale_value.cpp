@@ -1,5 +1,5 @@
-// The locale variables are read as POSIX has them, and whatever they hold, there is a catalogue and a way to break
-// lines. Input: LC_ALL, LC_CTYPE and LANG, a NUL behind each; what is missing is not set.
+// The locale variables must be read as POSIX says. Whatever they hold, there must be a catalogue and a way to break
+// lines. Input: LC_ALL, LC_CTYPE and LANG, each ended by a NUL; a variable that is missing is not set.
 
 #include <unicode/ucnv.h>
 
@@ -17,7 +17,7 @@
 namespace zev::fuzz {
 namespace {
 
-/// The pieces of a value by the mark before them, 0 for the language. Only the first behind a mark counts.
+/// The pieces of a value by the mark before them, 0 for the language. Only the first piece after a mark counts.
 using Pieces = std::map<char, std::string>;
 
 Pieces piecesOf(const std::string& value) {
@@ -49,7 +49,8 @@ bool isCodePage(const std::string& name) {
     return !name.empty() && U_SUCCESS(status);
 }
 
-/// The locale of a name as ICU writes names, without a name where it refuses. As the default, ICU reads it once more.
+/// The locale of a name as ICU writes names, without a name if ICU refuses it. ICU reads the name of the default once
+/// more.
 icu::Locale canonicalLocale(const std::string& name) {
     static std::array<char, 1 << 16> canonical;
     UErrorCode status = U_ZERO_ERROR;
@@ -58,13 +59,13 @@ icu::Locale canonicalLocale(const std::string& name) {
     return icu::Locale(locale.getName());
 }
 
-/// Whether a name looks as names do. How ICU spells others depends on how often it has read them.
+/// Whether a name has the form of a locale name. How ICU spells other names depends on how often it has read them.
 bool isPlain(const std::string& name) {
     return name.find("___") == std::string::npos &&
            std::ranges::all_of(name, [](unsigned char c) { return c < 0x80 && (std::isalnum(c) != 0 || c == '_'); });
 }
 
-/// Sets the variables; the pieces of each by its name.
+/// Sets the variables. The result has the pieces of each by its name.
 std::map<std::string, Pieces> setVariables(Input input) {
     std::map<std::string, Pieces> all;
     for (const std::string name : {"LC_ALL", "LC_CTYPE", "LANG"}) {

@@ -9,8 +9,8 @@
 
 namespace zev {
 
-/// What breakText does, in its plainest form: everything is measured and searched anew at every step. The tests and the
-/// fuzzing hold the two against each other. The result for an empty text is empty.
+/// What breakText does, in the plainest form: everything is measured and searched anew at every step. The tests and the
+/// fuzz targets compare the two. The result for an empty text is empty.
 inline TextLines breakPlainly(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::BreakIterator> iterator(

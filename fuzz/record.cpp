@@ -1,7 +1,7 @@
-// A record is judged by the rules of records, whatever its files hold and are, and a report of it has nothing but
-// printable characters, a line for each row.
-// Input: a byte each for the damaged part, the damage, and whether the sums are right; the acceptance behind its three
-// needed lines, the name of a copy, the log, each with a NUL behind it; SHA256SUMS.
+// Compares the judgement of a record with the rules of records, whatever its files hold and are. A report of it must
+// have one line for each row, and only printable characters. Input: a byte each for the damaged part, the damage, and
+// whether the sums are right; the acceptance after its three required lines, the name of a copy, and the log, each
+// ended by a NUL; SHA256SUMS.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -57,7 +57,7 @@ Planted readPlanted(Input input) {
     return planted;
 }
 
-/// An acceptance by the rule: lines of a name and a value, no name twice, and three that every one has.
+/// An acceptance by the rule: each line has a name and a value, no name occurs twice, and three fields are required.
 std::optional<Fields> secondOpinion(const std::string& bytes) {
     Fields fields;
     std::istringstream lines(bytes);
@@ -124,7 +124,7 @@ void checkPrintable(const std::string& bytes) {
     }
 }
 
-/// A report of the record, in all forms.
+/// A report of the record, in all its forms.
 void checkReport(const test::Sandbox& sandbox, const Planted& planted) {
     AuditCall call;
     call.states = {sandbox.path("state")};

@@ -10,7 +10,7 @@ namespace zev::fuzz {
 
 using Lines = std::vector<std::string>;
 
-/// What a dialogue shows in one language. A prompt takes one line, on a very wide screen.
+/// What a dialogue shows in one language. The screen is so wide that each prompt takes one line.
 struct LanguageTexts {
     std::string code;
     Lines license;
@@ -21,15 +21,15 @@ struct LanguageTexts {
 
 struct SessionSetup {
     int height;        ///< lines
-    bool echoesInput;  ///< answers are no terminal's
+    bool echoesInput;  ///< answers do not come from a terminal
     bool lpWorks;
     bool lprWorks;
     std::string documentStem;              ///< the path of the document for the printer, up to the language
-    Lines terms;                           ///< of other parties; empty where there is no such file
-    std::vector<LanguageTexts> languages;  ///< the chosen one and, where that is another, English
+    Lines terms;                           ///< of other parties; empty if there is no such file
+    std::vector<LanguageTexts> languages;  ///< the chosen one and, if that is not English, English
 };
 
-/// What a session leaves behind, and its exit code: 0 for one that repeats its prompt for ever.
+/// What a session leaves, and its exit code, which is 0 if it repeats its prompt for ever.
 struct SessionTraces {
     std::string screen;
     std::string log;
@@ -37,7 +37,7 @@ struct SessionTraces {
     int exitCode = 0;
 };
 
-/// The dialogue's rules, in their plainest form.
+/// The rules of the dialogue, in the plainest form.
 class SessionModel {
 public:
     SessionModel(const SessionSetup& setup, std::string_view answers) : setup_(setup), answers_(answers) {}
@@ -51,7 +51,7 @@ public:
 private:
     [[nodiscard]] bool isEndless() const { return answersWithoutInput_ > 12; }
 
-    /// False when the session goes on in the other language.
+    /// False if the session goes on in the other language.
     bool converse(const LanguageTexts& texts) {
         const int room = setup_.height - 4;
         std::size_t start = 0, end = 0;
@@ -83,7 +83,7 @@ private:
         return true;
     }
 
-    /// The exit code that was decided on, or 0 to read on.
+    /// The exit code of a decision, or 0 to read on.
     int confirm(const LanguageTexts& texts) {
         for (;;) {
             traces_.screen += texts.confirmation + "\n";
@@ -119,7 +119,7 @@ private:
         } while (!isEndless() && !text.starts_with('q') && !text.starts_with('Q'));
     }
 
-    /// How many lines were written. A negative room is one for all of them.
+    /// Returns how many lines were written. A negative room stands for room for all of them.
     std::size_t writePage(const Lines& lines, std::size_t start, int room) {
         std::size_t shown = lines.size() - start;
         if (room >= 0) shown = std::min(shown, static_cast<std::size_t>(room));

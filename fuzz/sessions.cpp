@@ -1,6 +1,6 @@
-// Whole runs of zev, from the command line to the exit code, hold against a model of the dialogue: screen, command log,
-// print commands with their document, exit code, and what is recorded.
-// Input: two bytes for the setup, the answers.
+// Compares whole runs of zev, from the command line to the exit code, with a model of the dialogue: screen, command
+// log, print commands with their document, exit code, and what is recorded. Input: two bytes for the setup, then the
+// answers.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -49,7 +49,7 @@ struct Printer {
 
 struct Endless {};
 
-/// Breaks a run off that goes on for ever, since there is no answer left to read.
+/// Ends a run that would go on for ever, because there is no answer left to read.
 class Screen : public std::stringbuf {
     int sync() override {
         if (std::cin.fail() && ++flushesWithoutInput_ > 8) throw Endless();
@@ -58,7 +58,7 @@ class Screen : public std::stringbuf {
     int flushesWithoutInput_ = 0;
 };
 
-/// Takes the digits out of the addresses on a screen.
+/// Removes the digits of the addresses on a screen.
 std::string withoutAddresses(std::string screen) {
     for (auto at = screen.find("0x"); at != std::string::npos; at = screen.find("0x", at + 2)) {
         screen.erase(at + 2, screen.find_first_not_of("0123456789abcdef", at + 2) - at - 2);
@@ -159,7 +159,7 @@ void checkSession(Input input) {
     expected.screen = withoutAddresses(expected.screen);
     const SessionTraces traces = play(licenses.sandbox, setup, input.rest());
     if (expected.exitCode == 0) {
-        // zev and the model were broken off at different moments.
+        // zev and the model were ended at different moments.
         require(expected.screen.starts_with(traces.screen), "an endless session goes on as expected");
         require(expected.log.starts_with(traces.log), "an endless session has the answers that were given");
     } else {

@@ -1,5 +1,5 @@
-// A status file is judged by its first line that says something; written over, whatever it held, it is a valid one.
-// Input: the file.
+// A status file must be judged by its first line that is neither empty nor a comment. Whatever it held, it must be
+// valid after zev has written it. Input: the file.
 
 #include "files/status_file.h"
 
@@ -9,7 +9,7 @@
 namespace zev::fuzz {
 namespace {
 
-/// The rule, line by line. A line of 80 bytes or more is cut, and what follows it does not count.
+/// The rule, line by line. A line of 80 bytes or more is cut, and nothing after it counts.
 bool saysAccepted(std::string_view bytes) {
     for (Input input(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()); !input.rest().empty();) {
         const std::string whole = input.upTo('\n');

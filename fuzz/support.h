@@ -11,11 +11,11 @@
 #include <string>
 #include <string_view>
 
-/// What the fuzz targets share. Each target is one translation unit with libFuzzer's entry point and holds what zev
-/// does against a second opinion.
+/// What the fuzz targets share. Each target is one translation unit with libFuzzer's entry point, and compares what zev
+/// does with an independent implementation.
 namespace zev::fuzz {
 
-/// Ends the process where `holds` is false. libFuzzer then saves the input.
+/// Ends the process if `holds` is false. libFuzzer then saves the input.
 inline void require(bool holds, const char* what) {
     if (holds) return;
     std::fprintf(stderr, "FINDING: not so: %s\n", what);
@@ -31,19 +31,19 @@ inline void requireEqual(std::string_view actual, std::string_view expected, con
     require(false, what);
 }
 
-/// The input of one execution, taken apart from its front.
+/// The input of one execution, which is read from its front.
 class Input {
 public:
     Input(const uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
 
-    /// 0 behind the end.
+    /// The next byte; 0 after the end.
     uint8_t byte() {
         if (rest_.empty()) return 0;
         const auto first = static_cast<uint8_t>(rest_.front());
         rest_.remove_prefix(1);
         return first;
     }
-    /// What stands before the next `mark`, or to the end.
+    /// The bytes before the next `mark`, or up to the end.
     std::string upTo(char mark) {
         const std::string_view piece = rest_.substr(0, rest_.find(mark));
         rest_.remove_prefix(piece.size() == rest_.size() ? piece.size() : piece.size() + 1);
@@ -55,7 +55,7 @@ private:
     std::string_view rest_;
 };
 
-/// A file that has a path, and is nowhere on a disk.
+/// A file that has a path and exists only in memory.
 class MemoryFile {
 public:
     MemoryFile() : descriptor_(memfd_create("fuzz", MFD_CLOEXEC)) { require(descriptor_ != -1, "memory has files"); }
@@ -80,7 +80,7 @@ private:
     int descriptor_;
 };
 
-/// Sends a stream elsewhere for a while.
+/// Redirects a stream while it lives.
 class Redirection {
 public:
     Redirection(std::ios& stream, std::streambuf& target) : stream_(stream), former_(stream.rdbuf(&target)) {}

@@ -1,6 +1,6 @@
-# Holds a text of the sample agreement, the second file, against the English one, the first: line by line the same clause,
-# item or row, and the names, numbers and addresses that no translation changes. In Czech, Polish and Slovenian no line may end
-# in a one-letter word.
+# Compares a text of the sample agreement, the second file, with the English one, the first. Each line must be the same clause,
+# item or row, and have the names, numbers and addresses that no translation changes. In Czech, Polish and Slovenian no line may
+# end in a one-letter word.
 function beginning(line, letters, at, item) {
     if (match(line, /^([0-9]\.| +)/)) return substr(line, 1, RLENGTH)
     for (at = split(letters, item, " "); at > 0; --at) if (index(line, "(" item[at] ")") == 1) return "item " at

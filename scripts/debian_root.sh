@@ -1,11 +1,11 @@
 # shellcheck shell=bash disable=SC2016,SC2034,SC2086
-# Sourced by commands that try zev on other systems: a bare Debian in a folder.
+# Sourced by commands that try zev on other systems: makes a bare Debian in a folder.
 
 debian_root_needs='
 command -v debootstrap | debootstrap | debootstrap'
 
 # make_debian RELEASE FOLDER: unpacks a bare Debian, such as bookworm, from the mirror of this machine. The first time takes
-# two minutes; what debootstrap made is kept in build/roots. Variable as_root may hold the command sudo.
+# two minutes; build/roots keeps what debootstrap made. The variable as_root can hold the command sudo.
 make_debian() {
     local kept=$root/build/roots/$1.tar mirror
     if [ ! -e "$kept" ]; then

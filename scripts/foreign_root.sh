@@ -1,8 +1,8 @@
 # shellcheck shell=bash disable=SC2016
-# Sourced by scripts/release: what Debian has for another processor, without telling this machine's package manager.
+# Sourced by scripts/release: Debian's packages for another processor, without a change to this machine's package manager.
 
 # make_foreign_root ARCHITECTURE FOLDER PACKAGE...: unpacks the packages and what they need into FOLDER, unless they are
-# there already. FOLDER.apt keeps what was fetched, and FOLDER/versions names it: one package and its version on each line.
+# there already. FOLDER.apt keeps the packages, and FOLDER/versions lists them: one package and its version on each line.
 make_foreign_root() {
     local architecture=$1 folder=$2 state=$2.apt deb apt
     shift 2

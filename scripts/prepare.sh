@@ -17,7 +17,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 root=$PWD
 mkdir -p build || exit 1
 
-# The name that releases have for this machine's processor.
+# The name of this machine's processor in the names of releases.
 native=$(uname -m)
 native=${native/x86_64/x86-64}
 native=${native/aarch64/arm64}
@@ -57,7 +57,7 @@ has_header() {
     printf '#include <%s>\n' "$1" | "${CXX:-c++}" -std=c++20 -E -x c++ - >/dev/null 2>&1
 }
 
-# has_static LIBRARY: whether an executable without shared libraries can be linked with it.
+# has_static LIBRARY: whether a static executable can be linked with the library.
 has_static() {
     echo 'int main() {}' | "${CXX:-c++}" -static -x c++ - "-l$1" -o build/probe
 }
@@ -76,13 +76,13 @@ has_fuzzer() {
     ls "$(clang++ -print-runtime-dir)"/libclang_rt.fuzzer*
 }
 
-# Debian's packages for the compiler, and for what the sanitizers need beside it.
+# Debian's packages for the compiler, and for what the sanitizers need in addition.
 case ${CXX:-c++} in
     *clang*) compiler=clang sanitizers=libclang-rt-dev ;;
     *) compiler=g++ sanitizers=g++ ;;
 esac
 
-# What is needed, one thing on each line: the test for it | Debian's packages | its name for people on other systems.
+# What is needed, one thing on each line: the test for it | Debian's packages | its name for users of other systems.
 zev_needs="
 command -v ${CXX:-c++} | $compiler | a C++20 compiler (g++ 12 or clang 14, or newer)
 has_cmake | cmake | CMake 3.25 or newer
@@ -118,7 +118,7 @@ packages_of() {
     cut -d '|' -f 2 <<<"$1" | tr -s ' ' '\n' | awk 'NF && !seen[$0]++ { printf "%s%s", gap, $0; gap = " " }'
 }
 
-# install_needs NEEDS: installs with apt-get what is missing, or says what it is.
+# install_needs NEEDS: installs what is missing with apt-get, or lists what is missing and fails.
 install_needs() {
     local lacking packages as_root=()
     lacking=$(missing "$1")
@@ -139,7 +139,7 @@ install_needs() {
         "Debian's packages for it: $(packages_of "$lacking")"
 }
 
-# build PRESET [OPTION OF CMAKE]...
+# build PRESET [OPTION OF CMAKE]...: configures and builds.
 build() {
     quietly "configuring the $1 build" cmake --preset "$@"
     quietly "the $1 build" cmake --build --preset "$1"

@@ -1,9 +1,9 @@
 # shellcheck shell=bash disable=SC2154
-# Sourced by scripts/test-recipes: what is checked, the roots in which it runs, and the person at the terminal.
+# Sourced by scripts/test-recipes: the checks, the root directories in which recipes run, and the person at the terminal.
 
 passed=0 failed=0
 
-# check SENTENCE COMMAND...: counts whether the command succeeds, and shows its output if not.
+# check SENTENCE COMMAND...: runs the command, counts whether it succeeds, and shows its output if it does not.
 check() {
     local sentence="$recipe $1"
     shift
@@ -15,7 +15,7 @@ check() {
     fi
 }
 
-# fails_with STATUS WORDS COMMAND...: whether the command ends with this status and says so.
+# fails_with STATUS WORDS COMMAND...: whether the command ends with this status and prints these words.
 fails_with() {
     local status=$1 words=$2 output code
     shift 2
@@ -30,13 +30,13 @@ new_root() {
     mkdir -p "$disk/upper" "$disk/work" "$disk/root"
     if ! mount -t overlay -o "lowerdir=/,upperdir=$disk/upper,workdir=$disk/work" overlay "$disk/root" ||
         ! mount --rbind /dev "$disk/root/dev" || ! mount --rbind /proc "$disk/root/proc"; then
-        fail 'zev: cannot go on: there can be no root of its own.'
+        fail 'zev: cannot go on: the root directory for the recipe cannot be mounted.'
     fi
     cp -r "$work/media" "$disk/root/srv/"
     rm -rf "$disk/root/var/lib/zev"
 }
 
-# What waits for someone who is not there is ended after so many seconds, with everything that it started.
+# A command that waits for somebody who is not there is ended after so many seconds, with everything that it started.
 limit=120
 given=() # in the environment
 inside() {
@@ -49,9 +49,9 @@ inside() {
 
 alone() { inside setsid -w "$@" </dev/null; }
 
-# answering ANSWERS COMMAND: on a terminal, where each answer is typed at a prompt; without answers, nobody is there.
-# zev-ask drops what is typed before its first prompt can have been read. So the first thing typed is a question mark,
-# which every prompt answers by itself, until one does.
+# answering ANSWERS COMMAND: runs the command on a terminal and types each answer at a prompt; without answers, nobody is there.
+# zev-ask drops what is typed before its first prompt. So a question mark is typed first, which repeats any prompt, until a
+# prompt comes back.
 answering() {
     # shellcheck disable=SC2086
     inside expect - "$2" $1 <<'END'

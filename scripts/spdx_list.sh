@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# Sourced by scripts/release: what is inside the files of a release, in SPDX's format 2.3.
+# Sourced by scripts/release: lists what the files of a release contain, in SPDX format 2.3.
 
-# declared_licence PACKAGE: of a Debian package. Without an argument, prints every package that has one.
+# declared_licence PACKAGE: the licence that a Debian package declares. Without an argument, prints all such packages.
 declared_licence() {
     awk -v package="${1:-}" '
         /^#/ { next }
@@ -20,8 +20,8 @@ spdx_relationship() {
     printf '    { "spdxElementId": "%s", "relationshipType": "%s", "relatedSpdxElement": "%s" }' "$@"
 }
 
-# spdx_list VERSION SUMS CONTENTS: SUMS as sha256sum writes them; CONTENTS has a line for each library of an executable: the
-# processor, as a pattern over the names of the files for it, Debian's name of it, and the library's package and version.
+# spdx_list VERSION SUMS CONTENTS: SUMS has the output of sha256sum. CONTENTS has one line for each library in an executable: a
+# pattern for the names of the files for a processor, Debian's name of the processor, and the library's package and version.
 spdx_list() {
     local sum file processor architecture package version id
     local packages=() relationships=()

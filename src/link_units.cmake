@@ -1,6 +1,6 @@
-# The house from the ground up: each link unit, what it stands on, and the units of code in it (a header and its source
-# together; every catalogue is one). It links, and its files include, nothing but itself and what lies below.
-# Read twice: src/CMakeLists.txt makes the libraries of it, and cmake/check_includes.cmake holds every include against it.
+# The layers from the lowest up: each link unit, the link units below it, and its units of code (a header and its source are one
+# unit, and so is every catalogue). A link unit links, and its files include, only itself and what is below it.
+# This list is read twice: src/CMakeLists.txt makes the libraries from it, and cmake/check_includes.cmake checks every include.
 
 link_unit(base "" app/debug_trace app/exit_code app/run_context app/run_options)
 

@@ -1,8 +1,8 @@
 # Fails where the code, the README, the manuals, the completions and the glossary of ROOT name different options, exit
 # codes, fields, kinds of findings or languages.
 
-# Sets `result` to what the group of `pattern` finds in those parts of `file`, which can be a pattern too, that match
-# `part`, sorted.
+# Sets `result` to the sorted words that the group of `pattern` matches, in those parts of `file` that match `part`. `file` can be
+# a glob pattern.
 function(find_words result file part pattern)
   file(GLOB files ${ROOT}/${file})
   set(words "")
@@ -40,7 +40,8 @@ expect_words("${options}" completions/fish/zev.fish ".+" " -o (${option})")
 find_words(codes src/app/exit_code.h ".+" "int [A-Za-z]+ = ([0-9]+)")
 expect_words("${codes}" man/zev.1 "EXIT STATUS.*[.]Sh EXAMPLES" "[.]It Sy ([0-9]+)")
 
-# The options that a command declares in `part` of `file`, and those that CLI11 or a function adds, named last.
+# Compares a manual with the options that a command declares in `part` of `file`. The last arguments are options that CLI11 or a
+# shared function adds.
 function(expect_declared_options manual file part)
   set(option "-?[a-z][a-z-]*")
   find_words(options ${file} "${part}" "\"-(${option})\"")
@@ -89,8 +90,8 @@ foreach(command IN ITEMS zev zev-ask zev-licenses)
 endforeach()
 expect_words("${languages}" cmake/ZevLicenseSet.cmake "languages( [a-z][a-z](_[A-Z]+)?)+\\)" " (${language})")
 
-# A document that counts the languages in words counts those that are delivered, the README also the one less that is
-# shown.
+# If a document gives the number of languages in words, it is that of the delivered ones. README also gives that of the shown
+# ones, which is one less.
 set(numbers fifteen sixteen seventeen eighteen nineteen twenty)
 list(LENGTH languages delivered)
 math(EXPR index "${delivered} - 15")

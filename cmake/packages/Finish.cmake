@@ -1,4 +1,4 @@
-# Run by cpack between installing a package's files and packing them: what only packages have.
+# cpack runs this after it has installed a package's files and before it packs them. It adds what only packages have.
 set(usr ${CPACK_TEMPORARY_DIRECTORY}/usr)
 set(doc ${usr}/share/doc/zev)
 
@@ -6,7 +6,7 @@ function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# Debian's machine-readable form of the licences in the tag of the .rpm.
+# Writes the licences in the tag of the .rpm in Debian's machine-readable form.
 function(write_copyright)
   set(text_of_Apache-2.0 /usr/share/common-licenses/Apache-2.0)
   set(text_of_GPL-3.0-or-later /usr/share/common-licenses/GPL-3)
@@ -33,7 +33,7 @@ run(gzip -9n ${pages})
 if(CPACK_GENERATOR STREQUAL DEB)
   write_copyright()
 
-  # The time of SOURCE_DATE_EPOCH, where that is set.
+  # The time is that of SOURCE_DATE_EPOCH, if it is set.
   string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
   file(WRITE ${doc}/changelog.Debian
 "zev (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) stable; urgency=medium

@@ -1,4 +1,4 @@
-"""Makes runs of zev, zev-ask and zev-audit meet faults, and says what fell short."""
+"""Injects faults into runs of zev, zev-ask and zev-audit, and prints what broke a promise."""
 
 import argparse
 import os
@@ -38,13 +38,13 @@ CONSENT_SHARE = 0.4  # of the time
 def parse():
     parser = argparse.ArgumentParser(
         prog="scripts/faults", description=__doc__,
-        epilog="Without a bound every case is tried, within an hour or so. Exits with 1 if anything fell short.")
-    parser.add_argument("binary", metavar="BINARY", help="the zev to try; that of the release build if none is named")
+        epilog="Without a time every case is tried, in about an hour. Exits with 1 if a promise was broken.")
+    parser.add_argument("binary", metavar="BINARY", help="the executable to try; by default that of the release build")
     bound = parser.add_mutually_exclusive_group()
-    bound.add_argument("--quick", action="store_const", const=QUICK, dest="seconds", help=f"as --seconds {QUICK}")
-    bound.add_argument("--seconds", type=float, help="about as long, on cases chosen at random")
-    parser.add_argument("--seed", type=int, help="of the choice; it is printed")
-    parser.add_argument("--only", choices=GROUPS | CONSENT, action="append", help="may be repeated")
+    bound.add_argument("--quick", action="store_const", const=QUICK, dest="seconds", help=f"same as --seconds {QUICK}")
+    bound.add_argument("--seconds", type=float, help="how long to try cases, chosen at random")
+    parser.add_argument("--seed", type=int, help="the seed of the choice, which is printed")
+    parser.add_argument("--only", choices=GROUPS | CONSENT, action="append", help="a group of cases; can be repeated")
     options = parser.parse_args()
     if options.seed is None:
         options.seed = random.SystemRandom().randrange(10**6)
@@ -52,7 +52,7 @@ def parse():
 
 
 def check_undisturbed(sandbox, scenarios):
-    """Without faults nothing may fall short, or nothing that is found later would mean anything."""
+    """Checks that runs without faults keep all promises; otherwise later findings would mean nothing."""
     for scenario in scenarios:
         with sandbox.status(scenario.earlier) as status:
             outcome = sandbox.run(scenario, status)
@@ -77,7 +77,7 @@ def main():
 
 
 def try_on(root, source, options, refusal):
-    """Tries everything on a copy of the executable, which must be readable to other users. Returns the exit code."""
+    """Tries everything on a copy of the executable, which other users must be able to read. Returns the exit code."""
     os.chmod(root, 0o755)
     executable = os.path.join(root, "zev")
     with open(executable, "wb") as copy:

@@ -1,4 +1,4 @@
-"""Faults of zev-ask and zev-audit: calls that fail, signals at any call, full disks, crowds."""
+"""Faults of zev-ask and zev-audit: calls that fail, signals at any call, full disks, many runs at once."""
 
 import contextlib
 import glob
@@ -41,7 +41,7 @@ def judge_one(call, outcome):
 
 
 def try_round(lab, case):
-    """A crowd on one state directory. Some are in the dialogue before the others start, and answer meanwhile."""
+    """Many runs on one state directory. Some are in the dialogue before the others start, and answer meanwhile."""
     shared, _ = case
     asked = [Call("zev-ask -m, answered 1", ANSWERING.options + shared, "1\n"), DECLINING] * 5
     calls = asked + [Call("zev-ask --accept", ACCEPT + shared)] * (CROWD - len(asked))

@@ -13,12 +13,12 @@ from process import converse, run
 from sandbox import FULL, KILL, LANGUAGES, MEMORY, NOTICES, SHOWN, TERMS, Fault, Sandbox, copy_of, read
 from verdict import Described, Short
 
-STATE, MASTER = "lib/zev", "group/zev"  # below the place of a run; what is above them is made where it is missing
+STATE, MASTER = "lib/zev", "group/zev"  # below the place of a run; missing directories above them are made
 FIELDS = ["product", "version", "terms", "accepted", "who", "host", "mode", "language", "zev"]
 LOG_LINE = re.compile(rb"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ\t3\.0\t\S.*")
 HOUR = 3600  # seconds; scratch of that age is removed by the next run
 
-# Calls by which a run looks for what it has to remove, and removes it.
+# The system calls by which a run finds what it must remove, and removes it.
 REMOVING = {"unlinkat", "openat", "getdents64", "newfstatat", "lseek", "fcntl"}
 
 
@@ -28,7 +28,7 @@ class Call:
     options: tuple = ()
     answer: str = ""  # typed on a terminal of 24 lines, whenever nothing is shown
     code: int = 0
-    earlier: str = ""  # the directory that has records before
+    earlier: str = ""  # the directory that has records before the run
     version: str = "2.0"
 
     @property
@@ -48,7 +48,7 @@ CALLS = (ACCEPTING, SHARING, ANSWERING, DECLINING, COPYING, RETURNING, AUDITING)
 
 
 def snapshot(place):
-    """All that is below a directory: {path: (mode, owner, bytes or target)}."""
+    """Everything below a directory: {path: (mode, owner, bytes or target)}."""
     found = {}
     for directory, directories, files in os.walk(place):
         for path in (os.path.join(directory, name) for name in (*directories, *files)):
@@ -107,7 +107,7 @@ class ConsentSandbox(Sandbox):
         return outcome.code, outcome.output.replace(place.encode(), b"")
 
     def flaw_of(self, store, fault=Fault()):
-        """What is wrong with the record in a state or master directory, in our opinion and in that of zev-audit."""
+        """What is wrong with the record in a state or master directory, by our own check and by zev-audit."""
         records = [path for path in glob.glob(f"{store}/rocket/*") if not path.endswith(".log")]
         if len(records) != 1:
             return f"{len(records) or 'no'} record{'s' * (len(records) > 1)}"
@@ -163,7 +163,7 @@ class ConsentSandbox(Sandbox):
 
     @staticmethod
     def _judge_rest(place, outcome, before, after, fault):
-        """What the run changed beside records; unless it succeeded, or a signal ended it, all must be as before."""
+        """What the run changed besides records. Unless it succeeded or a signal ended it, nothing may have changed."""
         changed = [path for path in {**before, **after} if before.get(path) != after.get(path)]
         if outcome.code not in (1, 2, 3):
             changed = [path for path in changed if not belongs_to_record(path)]

@@ -1,4 +1,4 @@
-"""zev-ask under attack: another user puts links, pipes and files in its way, between any two of its calls."""
+"""Attacks on zev-ask: another user puts links, pipes and files in its way, between any two of its calls."""
 
 import ctypes
 import glob
@@ -26,11 +26,11 @@ def trace_me():
 
 
 def start_stopped(command, calls, **options):
-    """Starts a command and stops it behind that many calls. Returns it, and how many it made if it ended before."""
+    """Starts a command and stops it after that many calls. Returns it, and how many it made if it ended before."""
     run = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                            start_new_session=True, preexec_fn=trace_me, **options)
     os.waitpid(run.pid, 0)  # stopped as it starts
-    for stops in range(2 * calls):  # before each call, and behind it
+    for stops in range(2 * calls):  # before each call, and after it
         _libc.ptrace(_SYSCALL, run.pid, None, None)
         _, status = os.waitpid(run.pid, 0)
         if not os.WIFSTOPPED(status):
@@ -41,7 +41,7 @@ def start_stopped(command, calls, **options):
 
 
 def directory(path, home):
-    """A directory with names that a run could look for, and follow out of it."""
+    """A directory with names that a run could look for, and that lead out of it."""
     os.mkdir(path)
     for name in ("license", "terms", "gone", "rocket"):
         os.symlink(home, os.path.join(path, name))
@@ -51,7 +51,7 @@ def directory(path, home):
     os.utime(path, (1, 1))
 
 
-# Below the place; what is there is moved out of the way where the system lets another user do that.
+# Paths below the place. What is there is moved away if the system lets another user do that.
 TARGETS = (STATE, STATE + "/rocket/{terms}.log", MASTER + "/rocket", MASTER + "/rocket/{terms}",
            MASTER + "/.zev-ask-*", MASTER + "/.zev-ask-000000")  # fmt: skip
 KINDS = {
@@ -64,7 +64,7 @@ KINDS = {
 
 
 def plant(place, target, kind, terms):
-    """Does it as the other user, as far as the system lets them."""
+    """Does something as the other user, as far as the system permits it."""
     child = os.fork()
     if child == 0:
         try:
@@ -125,7 +125,7 @@ def judge(lab, place, outcome, victim, before, planted):
     after = snapshot(place)
     harmed = [path for path in {**before, **after} if path.startswith("home") and before.get(path) != after.get(path)]
     changed = [path for path, entry in planted.items() if after.get(path) != entry]
-    # A directory of a product may be that of any member of the group.
+    # The directory of a product can belong to any member of the group.
     changed += [path for path in after if path not in planted and os.path.dirname(path) in planted
                 and not path.startswith(MASTER + "/rocket/")]
     scratch = [path for path in after if ".zev-ask-" in path and after[path][1] == victim and ".moved" not in path]
@@ -139,7 +139,7 @@ def judge(lab, place, outcome, victim, before, planted):
     if scratch:
         return Short("scratch was left")
     flaw = lab.sandbox.flaw_of(os.path.join(place, STATE))
-    # Where the record of the group has been moved away, there is nobody to be asked.
+    # If the record of the group was moved away, nobody can be asked.
     if (outcome.code, bool(flaw)) in ((0, False), (2, True), (3, True)):
         return None
     return Short(f"exit {outcome.code} with {flaw or 'a record'}")

@@ -14,7 +14,7 @@ ROUNDS, RUNS = 20, 16  # rounds of the crowd, runs of each shell in a round
 PATIENCE = 120.0  # seconds for a round
 ASKED = 3  # exit code of a run that asked, since every answer declines
 
-# What the shells of a crowd run on: one directory, the same new ones, each its own new ones.
+# The directories of the shells: one for all, the same new ones for all, new ones for each.
 ONE, SAME, OWN = '"$0"', '"$0/$runs"', '"$0/$$.$runs"'
 SHELL = """
 for runs in $(seq {runs}); do
@@ -25,7 +25,7 @@ done
 
 
 def watch(path, stopped, result):
-    """Reads a status file until it is stopped; sends how often it did, and how often what it read was none."""
+    """Reads a status file until it is stopped. Sends how often it read, and how often that was no valid status file."""
     sights = broken = 0
     while not stopped.is_set():
         sights += 1
@@ -35,7 +35,7 @@ def watch(path, stopped, result):
 
 @contextlib.contextmanager
 def watched(path, sights):
-    """Has a status file watched, and appends the number of sights and of the broken ones among them to `sights`."""
+    """Has a status file watched, and appends to `sights` how often it was read, and how often it was broken."""
     stopped, (result, sender) = FORK.Event(), FORK.Pipe(duplex=False)
     watcher = FORK.Process(target=watch, args=(path, stopped, sender), daemon=True)
     watcher.start()
@@ -55,7 +55,7 @@ def judge_code(code):
 
 
 def try_round(lab, directory, status, *options):
-    """One round of a crowd. Returns the verdicts on all its runs and on what they left."""
+    """One round of many runs. Returns the verdicts on all runs and on what they left."""
     sandbox = lab.sandbox
     command = ["sh", "-c", SHELL.format(runs=RUNS, status=status), directory, sandbox.binary, "-l", sandbox.licences]
     crowd = [process.start([*command, *options], env=sandbox.environment(directory)) for _ in range(CROWD)]

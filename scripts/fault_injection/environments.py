@@ -1,4 +1,4 @@
-"""Odd environments: standard streams, variables, descriptors, signals, locale values."""
+"""Unusual environments: standard streams, variables, descriptors, signals, locale values."""
 
 import dataclasses
 import os
@@ -30,7 +30,7 @@ LOCALES = 3000
 
 
 def locale_values(random):
-    """Odd values: long ones of every shape, and noise. None names a code page, so the copies stay what they are."""
+    """Unusual values: long ones of every form, and noise. None names a code page, so the copies stay the same."""
     pieces = ("de_DE", "de", "DE", "_", "-", "@", "=", ";", "%s", "/", "..", "collation", "POSIX", " ", "\t", "\udcff")
     for _ in range(LOCALES):
         length = random.choice((1, 7, 11, 12, 60, 96, 140, 155, 156, 157, 158, 200, 255, 256, 257, 1000, 20000))
@@ -43,7 +43,7 @@ def locale_values(random):
 
 
 def ends_well(outcome, verdict):
-    """The verdict, or that the run did not accept although nothing was amiss."""
+    """The verdict, or that the run did not accept although it could."""
     if verdict or outcome.code == 9:
         return verdict
     return Short(f"crash: signal {-outcome.code}" if outcome.code < 0 else f"exit {outcome.code} though all is there")

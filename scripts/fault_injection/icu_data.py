@@ -12,12 +12,12 @@ from verdict import Short
 
 DAMAGED = 400
 VARIABLES = ("ICU_DATA", "ICU_TIMEZONE_FILES_DIR")
-# What a run could want: the rules of line breaking, and the list of converters.
+# What a run could read: the rules of line breaking, and the list of converters.
 WANTED = re.compile(r"brkitr/(root|de|de_DE)\.res$|brkitr/line\w*\.brk$|cnvalias\.icu$")
 
 
 def built_in(binary):
-    """The data of ICU in an executable, or in the library that it loads: {name: bytes}, empty where there is none."""
+    """The data of ICU in an executable, or in the library that it loads: {name: bytes}, empty if there is none."""
     libraries = subprocess.run(["ldd", binary], capture_output=True, text=True, check=False).stdout
     for path in (binary, *re.findall(r"=> (\S*libicudata\S*)", libraries)):
         with open(path, "rb") as file:
@@ -29,7 +29,7 @@ def built_in(binary):
 
 
 def items(content, start):
-    """Takes a package apart: a header, the number of items, pairs of offsets, and behind them names and contents."""
+    """Takes a package apart: a header, the number of items, pairs of offsets, then names and contents."""
     table = start + struct.unpack_from("<H", content, start)[0]
     number = struct.unpack_from("<I", content, table)[0]
     pairs = list(struct.iter_unpack("<II", content[table + 4:table + 4 + 8 * number]))
@@ -41,7 +41,7 @@ def items(content, start):
 
 
 def damage(noise, content):
-    """Behind the header, or anything in it would only be refused: noise, zeros, or an early end."""
+    """Damages the data after the header, without which they would only be refused: noise, zeros, or an early end."""
     content = bytearray(content)
     kind = noise.randrange(3)
     if kind == 0:

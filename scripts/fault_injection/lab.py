@@ -1,4 +1,4 @@
-"""Tries cases within the time that there is, and prints a row for each kind."""
+"""Tries cases within a given time, and prints a row for each kind."""
 
 import concurrent.futures
 import copy
@@ -23,7 +23,7 @@ class Lab:
         self.stopped = False
 
     def on(self, sandbox, share):
-        """The same on another sandbox, with a share of the time; the rows are common."""
+        """The same on another sandbox, with a share of the time and in the same table."""
         other = copy.copy(self)
         other.sandbox = sandbox
         other.seconds = None if self.seconds is None else self.seconds * share
@@ -33,13 +33,13 @@ class Lab:
         self._report(Row(what, skipped=reason))
 
     def add_row(self, what, tried, short):
-        """A row whose trials were counted elsewhere; `short` counts by what fell short."""
+        """A row whose trials were counted elsewhere; `short` counts them by the broken promise."""
         row = Row(what, tried)
         row.short = {text: [None] * number for text, number in short.items() if number}
         self._report(row)
 
     def try_each(self, what, cases, trial, share=None, workers=2):
-        """Calls `trial` with the cases, in random order where only a share of the time is theirs."""
+        """Calls `trial` with the cases, in random order if the time is limited."""
         cases = list(cases)
         row = Row(what)
         deadline = None
@@ -76,7 +76,7 @@ class Lab:
         return any(row.short for row in self.rows)
 
     def print_findings(self):
-        for title, kind in (("What fell short", "short"), ("Losses that are described", "described")):
+        for title, kind in (("Broken promises", "short"), ("Losses that SECURITY.md describes", "described")):
             rows = [row for row in self.rows if getattr(row, kind)]
             if rows:
                 print(f"\n{title}:")

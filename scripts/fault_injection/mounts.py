@@ -1,4 +1,4 @@
-"""A view of the file systems that is this process's own, where it may mount; it goes away with the process."""
+"""A mount namespace of this process, in which it can mount; it ends with the process."""
 
 import ctypes
 import os
@@ -44,6 +44,6 @@ def unmount(path):
 
 
 def has_many_users():
-    """Whether this process may run others as other users."""
+    """Whether this process can run others as other users."""
     with open("/proc/self/uid_map", encoding="ascii") as file:
         return os.getuid() == 0 and any(int(line.split()[2]) > 65535 for line in file)

@@ -1,4 +1,4 @@
-"""The print document under attack: another user knows its name, since the name tells only process id and language."""
+"""Attacks on the print document: another user can guess its name, which has only the process id and the language."""
 
 import os
 import shutil
@@ -21,7 +21,7 @@ REPLACE = 'rm -f "$1"; printf "something else\\n" >"$1.new" && mv -f "$1.new" "$
 
 
 class Scene:
-    """Where one attack takes place: the files of the victim, those of the attacker, the name of the document."""
+    """The place of one attack: the files of the victim, those of the attacker, the name of the document."""
 
     def __init__(self, directory, victim, document):
         self.document = document
@@ -91,7 +91,7 @@ def directory(scene):
 
 
 def link_put_back(scene):
-    """Returns the process that puts the link back whenever it is gone, for as long as the run may take."""
+    """Returns a process that puts the link back whenever it is gone, as long as a run can take."""
     child = os.fork()
     if child == 0:
         os.setgid(OTHER)
@@ -113,7 +113,7 @@ def nothing(_):
 @dataclass(frozen=True)
 class Attack:
     name: str
-    plant: Callable = nothing  # lays something at the document's name; may return a process to be ended
+    plant: Callable = nothing  # puts something in the document's place; can return a process to be ended
     later: str = ""  # the shell command of the attacker once the document is written
     umask: int = 0o022
 
@@ -155,7 +155,7 @@ def judge(lab, status, scene, outcome):
 
 
 def start_waiting(lab, status, victim, **options):
-    """Starts a shell that becomes zev once something is written to the pipe that is returned with it."""
+    """Starts a shell that becomes zev when something is written to the pipe that is returned with it."""
     sandbox, go = lab.sandbox, os.path.join(status, "go")
     os.mkfifo(go)
     os.chown(go, victim, victim)
@@ -196,7 +196,7 @@ def remove(path):
 
 
 def links_are_protected():
-    """Whether the kernel itself stops such attacks in a sticky directory; then they are made in one without the bit."""
+    """Whether the kernel itself stops such attacks in a sticky directory; then a directory without the bit is used."""
     names = ("protected_symlinks", "protected_fifos", "protected_regular")
     return any(read(f"/proc/sys/fs/{name}").strip() not in (b"", b"0") for name in names)
 

@@ -1,4 +1,4 @@
-"""Runs one command to its end, or to the end of our patience."""
+"""Runs one command to its end, or to a time limit."""
 
 import contextlib
 import fcntl
@@ -20,12 +20,12 @@ OUTPUT_LIMIT = 2_000_000  # bytes; a whole dialogue takes some ten thousand
 class Outcome(NamedTuple):
     code: int  # exit code, or the negative number of the signal that ended the run
     output: bytes  # standard output and error
-    ending: str  # "exit", "hang", or "endless" where prompts are repeated for ever
+    ending: str  # "exit", "hang", or "endless" if prompts are repeated for ever
     is_restored: bool = True  # whether a terminal has the modes that it had before
 
 
 def start(command, answers="", env=None, **options):
-    """Starts a command in a process group of its own; its answers are all in the pipe before it runs."""
+    """Starts a command in a process group of its own. All its answers are in the pipe before it runs."""
     source, sink = os.pipe()
     os.write(sink, answers.encode())
     os.close(sink)
@@ -37,7 +37,7 @@ def start(command, answers="", env=None, **options):
 
 
 def kill(process):
-    """Ends a command and what it started, unless it was waited for already."""
+    """Ends a command and what it started, unless it has ended already."""
     if process.returncode is None:
         os.killpg(process.pid, signal.SIGKILL)
 
@@ -72,12 +72,12 @@ def run(command, answers="", env=None, limit=TIME_LIMIT, **options):
 
 
 def converse(command, answer, env=None, limit=TIME_LIMIT, barrier=None):
-    """Runs a command on a terminal of its own, on which the answer is typed whenever nothing is shown for a moment. With
-    a barrier it waits there first, when something has been shown."""
+    """Runs a command on a terminal of its own. Types the answer whenever nothing new is shown for a moment. With a
+    barrier, it first waits there after something was shown."""
     screen, terminal = os.openpty()
     fcntl.ioctl(terminal, termios.TIOCSWINSZ, struct.pack("4H", 24, 80, 0, 0))
     modes = termios.tcgetattr(terminal)
-    # The leader of a session takes the first terminal that it opens for its own.
+    # The first terminal that the leader of a session opens becomes its controlling terminal.
     process = subprocess.Popen(["sh", "-c", 'exec "$@" <>"$0" >&0 2>&0', os.ttyname(terminal), *command], env=env,
                                stdin=subprocess.DEVNULL, start_new_session=True)
     deadline, shown, ending = time.monotonic() + limit, b"", "exit"

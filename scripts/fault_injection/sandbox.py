@@ -16,7 +16,7 @@ with open(os.path.join(os.path.dirname(__file__), "../../src/lang/languages.h"),
 SHOWN = "de"  # the language of the dialogues; its texts are longer than any buffer
 TERMS, NOTICES = "non_vur_license", "notices"
 
-# What hides a file; no disk is too full to read. Any other error says that it is there and cannot be had.
+# With these errors of open, a file counts as absent. With any other error it counts as a file that cannot be read.
 HIDING = {"ENOENT", "EACCES", "ENOSPC"}
 MEMORY = {"brk", "mmap", "mremap", "munmap", "mprotect"}
 WRITING = {"write", "writev", "pwrite64", "close", "ftruncate", "fsync", "lseek"}
@@ -63,7 +63,7 @@ REPLACING = Scenario("over longer texts", ("-t", "5"), earlier="longer")
 SCENARIOS = (UNATTENDED, ACCEPTING, DECLINING, REPEATED, REPLACING)
 
 LP = """#!/bin/sh
-# Stands for the print commands: keeps what it was given, and whose it was.
+# Takes the place of the print commands: keeps the document, and its owner and mode.
 [ -z "$ZEV_SWAP" ] || setpriv --reuid=65534 --regid=65534 --clear-groups sh -c "$ZEV_SWAP" sh "$1" 2>/dev/null
 mkdir -p "$ZEV_SPOOL" && cp "$1" "$ZEV_SPOOL/${0##*/}.text" && stat -c '%u %a %F' "$1" >"$ZEV_SPOOL/${0##*/}.stat" &&
     echo "$1" >"$ZEV_SPOOL/document"
@@ -88,7 +88,7 @@ def is_valid(status):
 
 
 def read(path):
-    """The bytes of a file, or nothing where there is none."""
+    """The bytes of a file, or nothing if there is none."""
     try:
         with open(path, "rb") as file:
             return file.read()
@@ -97,7 +97,7 @@ def read(path):
 
 
 def remove_documents():
-    """Removes what runs that were cut short have left in a /tmp that is everybody's."""
+    """Removes what killed runs have left in the shared /tmp."""
     for path in glob.glob(f"/tmp/zevdoc_*_{SHOWN}.text"):
         with contextlib.suppress(OSError):
             if read(path).startswith(copy_of(SHOWN)[:40].encode()):
@@ -173,21 +173,21 @@ class Sandbox:
         return is_valid(read(os.path.join(status, "license", "status.dat")))
 
     def cut_copies(self, status, fault=Fault()):
-        """The names of the copies that are not whole, without those that the fault explains."""
+        """The names of the copies that are not complete, without those that the fault explains."""
         cut = []
         for code, name in LANGUAGES.items():
             whole = [copy_of(code)] + [licence_text("LA", code)] * fault.hides(f"LI_{code}")
             if read(os.path.join(status, "license", name + ".txt")).decode(errors="replace") not in whole:
                 cut.append(name + ".txt")
         for name in (TERMS, NOTICES):
-            # Where the source is absent, nothing is copied, and an earlier copy stays.
+            # If the source is absent, nothing is copied, and an earlier copy stays.
             copy = read(os.path.join(status, "license", name + ".txt")).decode(errors="replace")
             if copy != licence_text("terms", name) and not fault.hides(name):
                 cut.append(name + ".txt")
         return cut
 
     def judge(self, scenario, status, outcome, fault=Fault()):
-        """What falls short in a finished run: a `Short`, or a `Described` loss, or None where all is well."""
+        """What a finished run did wrong: a `Short`, a `Described` loss, or None if all is well."""
         was_killed = fault == KILL
         if outcome.ending == "endless" and fault.call == "read" and fault.is_on_stream("pipe:"):
             return Described("the end of the answers repeats the last prompt for ever")
@@ -224,7 +224,7 @@ class Sandbox:
 
     def _judge_printed(self, status, fault):
         printed = self.printed(status)
-        # Without one of its files the document is a shorter one, or that of the other language.
+        # If one of its files is missing, the document is shorter, or that of the other language.
         if printed in (None, self.document) or any(fault.hides(name) for name in (f"LA_{SHOWN}", f"LI_{SHOWN}", TERMS)):
             return None
         if fault.call in WRITING and (not fault.path or fault.name.startswith("zevdoc_")):

@@ -1,4 +1,4 @@
-"""The n-th call of each kind fails, or is where a signal ends the run; strace makes it so, of static files too."""
+"""strace makes the n-th call of each kind fail, or ends the run by a signal there, in static executables too."""
 
 import os
 import re

@@ -11,14 +11,14 @@ class Described(str):
     """A loss that the documentation announces."""
 
 
-UNTRIED = object()  # the fault did not come about
+UNTRIED = object()  # the fault did not occur
 
 
 @dataclass
 class Row:
     what: str
     tried: int = 0
-    short: dict = field(default_factory=dict)  # what fell short: the cases in which it did
+    short: dict = field(default_factory=dict)  # each broken promise, and the cases that broke it
     described: dict = field(default_factory=dict)
     skipped: str = ""  # why nothing was tried
 

@@ -41,10 +41,10 @@ std::string shortened(const std::string& fingerprint) {
     return fingerprint.substr(0, digits);
 }
 
-/// What follows a digest beforehand: whether it is one of these terms.
+/// Whether the first digits of a fingerprint are those of these terms.
 bool names(const std::string& digits, const Terms& terms) { return terms.fingerprint().starts_with(digits); }
 
-/// One run for an answer, as far as the call is known to be right.
+/// A run that asks for an answer, after the call was found to be right.
 class Run {
 public:
     Run(AskCall call, const Terms& terms, std::string command)
@@ -82,7 +82,7 @@ private:
 
     [[nodiscard]] std::string unusable(const Store& store, const Record& record) const {
         return recordPath(store) + " is not a whole record (" + printableText(record.flaw) +
-               "): look into it with zev-audit, and move it away.";
+               "): examine it with zev-audit, then move it away.";
     }
 
     void report(const std::string& how) const {
@@ -105,7 +105,7 @@ private:
         if (!problem.empty()) warn("version " + call_.version + " could not be logged: " + problem);
     }
 
-    /// A record that the group lacks is put there by whichever run can.
+    /// Copies the record to the master directory if it is missing there, because an earlier run may have failed to.
     void completeMaster() {
         if (!hasMaster()) return;
         std::string problem = master_.isOpen() ? "" : master_.create();
@@ -124,27 +124,26 @@ private:
 
     int acceptBeforehand() {
         if (isBareAssent(call_.accept)) {
-            return nobody("\"" + call_.accept + "\" does not say which terms are accepted, and they can change");
+            return sayWhatToDo("\"" + call_.accept + "\" does not say which text is accepted, and the terms of " +
+                               subject() + " can change.");
         }
         if (call_.accept == acceptAny) return record("any", nullptr);
         if (names(call_.accept, terms_)) return record("fingerprint", nullptr);
-        warn("the terms of " + subject() + " are " + shortened(terms_.fingerprint()) + ", but " +
-             shortened(call_.accept) + " was accepted beforehand: they have changed, read them again.");
-        sayWhatToDo();
-        return ask_status::nobody;
+        return sayWhatToDo("the terms of " + subject() + " are " + shortened(terms_.fingerprint()) + ", but " +
+                           shortened(call_.accept) + " was accepted beforehand: they have changed, read them again.");
     }
 
-    int nobody(const std::string& why) const {
-        warn("nobody can be asked for the terms of " + subject() + ": " + why + ".");
-        sayWhatToDo();
-        return ask_status::nobody;
+    [[nodiscard]] int nobody(const std::string& why) const {
+        return sayWhatToDo("nobody can be asked to accept the terms of " + subject() + ": " + why + ".");
     }
 
-    void sayWhatToDo() const {
+    [[nodiscard]] int sayWhatToDo(const std::string& problem) const {
         const std::string set = call_.languageSet == defaultLanguageSet ? "" : " --langset 3";
+        warn(problem);
         std::cerr << "Read them:    " << shellWord(command_) << " --show -l " << shellWord(call_.licenses) << set
                   << "\nAccept them:  start the installation again with ZEV_ACCEPT=" << shortened(terms_.fingerprint())
                   << " in its environment (sudo ZEV_ACCEPT=... COMMAND)" << std::endl;
+        return ask_status::nobody;
     }
 
     int converse() {
@@ -175,10 +174,11 @@ private:
         return record("dialogue", nullptr);
     }
 
-    /// The private directory in which the terms and the record lie; it is the working directory from here on.
+    /// Makes the private directory for the terms and the record, and makes it the working directory.
     std::string enterScratch() {
         if (scratch_.directory.isOpen()) return "";
-        // A run that declined may remove the state directory that it made just when this one enters it.
+        // Another run that declined can remove a state directory that it made at the moment at which this one enters
+        // it.
         constexpr int attempts = 5;
         for (int attempt = 0; attempt < attempts && !scratch_.directory.isOpen(); ++attempt) {
             if (std::string problem = state_.create(); !problem.empty()) return problem;
@@ -189,11 +189,11 @@ private:
         return "the terms cannot be copied to " + state_.path() + ": " + std::strerror(errno);
     }
 
-    /// Makes and publishes the record; of that in the master directory, where there is one, it takes what was answered.
+    /// Makes and publishes the record. `groups` is the acceptance that is copied from the master directory, or null.
     int record(const std::string& mode, const Fields* groups) {
         std::string problem = enterScratch();
         const std::string now = currentTime();
-        if (problem.empty() && now.empty()) problem = "the time cannot be had, without which there is no record.";
+        if (problem.empty() && now.empty()) problem = "the system does not tell the time, which a record needs.";
         if (!problem.empty()) return fail(problem);
         Fields fields = groups != nullptr ? *groups : newFields(mode, now);
         if (groups != nullptr) {
@@ -237,11 +237,11 @@ private:
 std::string settlePaths(AskCall& call) {
     const bool needsState = call.action == AskCall::Action::ask;
     if (call.state.empty() && needsState) call.state = defaultStateDirectory();
-    if (call.state.empty() && needsState) return "there is no HOME; name a state directory with -s.";
+    if (call.state.empty() && needsState) return "HOME names no directory; name a state directory with -s.";
     for (std::string* path : {&call.licenses, &call.state, &call.master}) {
         if (path->empty()) continue;
         const std::string absolute = absolutePath(*path);
-        if (absolute.empty()) return *path + " starts from a directory that is gone.";
+        if (absolute.empty()) return *path + " cannot be found: the working directory was removed.";
         *path = absolute;
         while (path->size() > 1 && path->ends_with('/')) path->pop_back();
     }
@@ -269,7 +269,7 @@ int act(AskCall call, const char* calledAs) {
     if (!problem.empty()) return fail(problem);
     if (!call.expected.empty() && !names(call.expected, terms)) {
         return fail("these are not the terms of this product: " + call.licenses + " has " +
-                    shortened(terms.fingerprint()) + ", and " + shortened(call.expected) + " is expected.");
+                    shortened(terms.fingerprint()) + ", but " + shortened(call.expected) + " is expected.");
     }
     switch (call.action) {
         case AskCall::Action::fingerprint:

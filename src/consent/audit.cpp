@@ -41,7 +41,7 @@ public:
         if (!state_.isOpen() || fstat(state_.get(), &status) != 0 || !listAt(state_.get(), names)) {
             return {{{}, auditIncomplete, path_}};
         }
-        // That of a group has records of any of its members.
+        // A master directory has records of any member of its group.
         const bool isGroups = (status.st_mode & S_IWGRP) != 0;
         owners_ = isGroups ? Owners::anyOne() : Owners::ofState(status);
         for (const std::string& name : names) {
@@ -75,7 +75,7 @@ private:
         });
     }
 
-    /// Files and links are no products, and neither is the scratch of a run.
+    /// Without -p, only directories count as products: no files, no links, and no scratch directory.
     void addProduct(const std::string& name) {
         std::vector<std::string> entries;
         if (name.starts_with('.')) return;
@@ -107,7 +107,7 @@ private:
         if (record.state == RecordState::whole) addVersions(product, rows_.back());
     }
 
-    /// The versions that came with these terms later: nobody was asked any more.
+    /// Adds the later versions that came with these terms, for which nobody was asked again.
     void addVersions(int product, const AuditRow& record) {
         std::string lines, ignored;
         Owners owners = *owners_;
@@ -132,7 +132,7 @@ private:
         }
     }
 
-    /// Whether the copies in a directory of a record, or of zev itself, are those of the licence directory.
+    /// Whether the copies in a directory are those that zev makes of the licence directory.
     [[nodiscard]] bool areCopies(const Descriptor& directory) const {
         std::vector<std::string> names;
         std::map<std::string, std::string> sums;
@@ -150,8 +150,8 @@ private:
         return areCopies(openDirectoryAt(openDirectoryAt(product, fingerprint).get(), copiesName));
     }
 
-    /// A status file of zev proves that someone accepted some text: not whose, which or when; its date is the last
-    /// run's.
+    /// A status file of zev proves that somebody accepted some text, but not who, which text or when: its date is that
+    /// of the last run.
     void addBare(int parent, const std::string& name, const std::string& path) {
         std::string bytes, ignored;
         Owners owners = *owners_;

@@ -25,7 +25,7 @@ Cells columnNames() {
     return names;
 }
 
-/// A field as it may be shown; empty where it is not known.
+/// A field in printable characters; empty if it is not known.
 std::string valueOf(const AuditRow& row, const std::string& name) {
     if (name == "state") return row.state;
     if (name == "path") return printableText(row.path);
@@ -108,7 +108,7 @@ int runAudit(int argc, char** argv) {
         return audit_status::clean;
     }
     if (call->states.empty()) call->states = {defaultStateDirectory()};
-    if (call->states.front().empty()) return fail("there is no HOME; name a state directory.");
+    if (call->states.front().empty()) return fail("HOME names no directory; name a state directory.");
     std::vector<AuditRow> rows;
     if (std::string problem; !audit(*call, rows, problem)) return fail(problem);
     writeReport(std::cout, call->form, rows);

@@ -7,7 +7,7 @@
 
 namespace zev {
 
-/// Write rows in the form of a call: the columns that fit a screen, or all fields.
+/// Writes rows in the form of a call: the columns that fit a screen, or all fields.
 void writeReport(std::ostream& out, AuditCall::Form form, const std::vector<AuditRow>& rows);
 
 /// The run of zev-audit. Returns the exit status of the process.

@@ -4,17 +4,17 @@
 
 namespace zev {
 
-/// A path from the root, as it is written otherwise; empty where the working directory is gone.
+/// The path made absolute, and otherwise as it was written; empty if the working directory was removed.
 [[nodiscard]] std::string absolutePath(const std::string& path);
 
-/// A word that a shell takes for this text.
+/// The text, quoted as a shell needs it.
 [[nodiscard]] std::string shellWord(const std::string& text);
 
 /// The path under which zev-ask can be called, as it was called.
 [[nodiscard]] std::string pathOfCommand(const char* calledAs);
 
-/// Makes a locale the one of the process. One without a code set is taken for one in UTF-8: it would mean ASCII, to
-/// which most of a text is lost.
+/// Makes the locale of the environment that of the process. If it names no code set, the code page is UTF-8: ASCII,
+/// which zev would take, cannot show most texts.
 void adoptTerminalLocale();
 
 /// Why nobody can be asked, according to the environment; empty if somebody might be there.

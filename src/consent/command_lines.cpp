@@ -22,16 +22,16 @@ bool isLetterOrDigit(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <
 std::string problemOfProduct(const std::string& word) {
     const bool isWord = !word.empty() && word.size() <= mostOfProduct && isLetterOrDigit(word.front()) &&
                         std::ranges::all_of(word, [](char c) { return isLetterOrDigit(c) || isOneOf(c, "._+-"); });
-    return isWord ? "" : "a product is a word of 1 to 64 letters, digits and ._+-, the first a letter or digit";
+    return isWord ? "" : "a product has 1 to 64 of the characters A-Z a-z 0-9 . _ + -, the first a letter or a digit";
 }
 
-/// Changes the text to UTF-8.
+/// Converts the text to UTF-8. Returns the problem, or an empty text.
 std::string takeText(std::string& text) {
     std::string utf8;
     if (!writesAscii()) {
         return std::string("cannot be read in the code page ") + codePageName() + " of the locale; set LC_ALL=C.UTF-8";
     }
-    if (!toRecordText(text, utf8)) return "needs 1 to 200 printable characters without a blank at an end";
+    if (!toRecordText(text, utf8)) return "needs 1 to 200 printable characters, without a blank at either end";
     text = utf8;
     return "";
 }
@@ -48,7 +48,7 @@ std::string takeFingerprint(std::string& digits) {
     return "a fingerprint has 32 to 64 hexadecimal digits; zev-ask --fingerprint -l LICENSES prints it";
 }
 
-/// An assent that names no text is answered later, with the lines that say what to do.
+/// A bare assent passes here: it is refused later, with the lines that say what to do.
 std::string takeAcceptance(std::string& accept) {
     foldCapitals(accept);
     return accept == acceptAny || isBareAssent(accept) ? "" : takeFingerprint(accept);
@@ -67,14 +67,14 @@ void declare(CLI::App& app, AskCall& call) {
     app.add_option("-l", call.licenses, "Licence directory")->type_name("LICENSES");
     app.add_option("-s", call.state, "State directory, which receives the record")->type_name("STATE");
     app.add_option("-m", call.master, "State directory of a group")->type_name("MASTER");
-    app.add_option("--accept", call.accept, "Accept the terms of this fingerprint, or any, without a dialogue")
+    app.add_option("--accept", call.accept, "Accept the terms with this fingerprint, or \"any\", without a dialogue")
         ->transform(CLI::Validator(takeAcceptance, "FINGERPRINT"));
-    app.add_option("--expect", call.expected, "Refuse other terms than those of this fingerprint")
+    app.add_option("--expect", call.expected, "Refuse other terms than those with this fingerprint")
         ->transform(CLI::Validator(takeFingerprint, "FINGERPRINT"));
     app.add_option("--lang", call.language, "Language to show")->type_name("LOCALE");
     app.add_flag("--choose", call.choosesLanguage, "Offer a menu of the languages first");
     addLanguageSet(app, call.languageSet);
-    app.add_option("--wait", call.waitSeconds, "Seconds to wait for each answer; 0 is for ever")
+    app.add_option("--wait", call.waitSeconds, "Seconds to wait for each answer; 0 waits for ever")
         ->capture_default_str()
         ->check(CLI::Range(0, mostSeconds));
     app.add_option("--note", call.note, "A note for the record")->transform(CLI::Validator(takeText, "TEXT"));
@@ -84,7 +84,7 @@ void declare(CLI::App& app, AskCall& call) {
         "--show", [&] { call.action = AskCall::Action::show; }, "Print the terms in UTF-8");
     app.add_flag_callback(
         "--version", [&] { call.action = AskCall::Action::version; }, "Print the version");
-    app.footer("Environment: ZEV_ACCEPT is taken for --accept, ZEV_NOTE for --note.\n"
+    app.footer("Environment: ZEV_ACCEPT is used for --accept and ZEV_NOTE for --note, if they are not given.\n"
                "Exit status: 0 accepted, 1 declined, 2 nobody can be asked or other terms were accepted, 3 error.");
 }
 
@@ -93,27 +93,27 @@ void declare(CLI::App& app, AuditCall& call) {
         "--tsv", [&] { call.form = AuditCall::Form::tsv; }, "Print all fields, separated by tabs");
     app.add_flag_callback(
         "--json", [&] { call.form = AuditCall::Form::json; }, "Print JSON");
-    app.add_option("--expect", call.expected, "Expect a record of these terms in each state directory")
+    app.add_option("--expect", call.expected, "Expect a whole record of these terms in each state directory")
         ->transform(CLI::Validator(takeFingerprint, "FINGERPRINT"));
-    app.add_option("-p", call.product, "Show this product alone")->check(problemOfProduct, "PRODUCT");
+    app.add_option("-p", call.product, "Show this product only")->check(problemOfProduct, "PRODUCT");
     app.add_option("-l", call.licenses, "Compare the copies with those of this licence directory")
         ->type_name("LICENSES");
     addLanguageSet(app, call.languageSet);
     app.add_flag("--version", call.showsVersion, "Print the version");
-    app.add_option("STATE", call.states, "State directories; else that of this user");
-    app.footer("Exit status: 0 all is ok, 1 something is not, 2 error.");
+    app.add_option("STATE", call.states, "State directories; without one, the default of this user");
+    app.footer("Exit status: 0 every record is ok, 1 another is not or is missing, 2 error.");
 }
 
-/// An option without a value would be taken for one that was not given, such as "$unset" of a shell.
+/// Refuses empty values, such as "$unset" in a shell: the option would count as not given.
 void refuseEmptyValues(CLI::App& app) {
     for (CLI::Option* option : app.get_options([](const CLI::Option* o) { return o->get_expected_min() > 0; })) {
         option->check([](const std::string& value) {
-            return value.empty() ? "the value is empty; is a variable not set?" : std::string();
+            return value.empty() ? "the value is empty, perhaps because a variable is not set" : std::string();
         });
     }
 }
 
-/// Takes a value from the environment where the command line gives none, by the same rules.
+/// Takes a value from the environment, by the same rules, if the command line has none.
 void takeFromEnvironment(const CLI::App& app, const char* option, const char* variable, std::string& value,
                          std::string (*take)(std::string&)) {
     const char* text = std::getenv(variable);
@@ -132,7 +132,7 @@ void requireOptions(const CLI::App& app, AskCall::Action action) {
     }
 }
 
-/// Parses, then lets `complete` do the rest. Without success `status` has been set.
+/// Parses the command line and then calls `complete`. On failure `status` has been set.
 template <class Complete>
 bool parse(CLI::App& app, int argc, char** argv, int wrongCall, int& status, Complete complete) {
     refuseEmptyValues(app);
@@ -160,7 +160,7 @@ bool isBareAssent(const std::string& accept) {
 
 std::optional<AskCall> readAskCall(int argc, char** argv, int& status) {
     AskCall call;
-    CLI::App app("Asks for the terms of a product, once for each version of the text, and records the answer.",
+    CLI::App app("Asks a user to accept the terms of a product, once for each version of the text, and records it.",
                  "zev-ask");
     declare(app, call);
     const bool isRead = parse(app, argc, argv, ask_status::failed, status, [&] {
@@ -173,7 +173,7 @@ std::optional<AskCall> readAskCall(int argc, char** argv, int& status) {
 
 std::optional<AuditCall> readAuditCall(int argc, char** argv, int& status) {
     AuditCall call;
-    CLI::App app("Shows what was accepted, from the records of zev-ask.", "zev-audit");
+    CLI::App app("Shows which terms were accepted, from the records of zev-ask.", "zev-audit");
     declare(app, call);
     const bool isRead = parse(app, argc, argv, audit_status::wrongCall, status, [] {});
     return isRead ? std::optional(call) : std::nullopt;

@@ -6,7 +6,7 @@
 
 #include "app/run_options.h"
 
-/// What zev-ask and zev-audit end with.
+/// The exit statuses of zev-ask and zev-audit.
 namespace zev::ask_status {
 
 inline constexpr int accepted = 0;
@@ -31,7 +31,7 @@ struct AskCall {
     std::string product, version, licenses, state, master, accept, expected, language, note;
     bool choosesLanguage = false;
     int languageSet = defaultLanguageSet;
-    int waitSeconds = 1800;  ///< 0 stands for ever
+    int waitSeconds = 1800;  ///< 0 waits for ever
 };
 
 struct AuditCall {
@@ -42,12 +42,12 @@ struct AuditCall {
     std::vector<std::string> states;
 };
 
-/// What --accept takes for every text, and what says yes without saying to what.
+/// The value of --accept that accepts every text. A bare assent is a yes that does not say which text is accepted.
 inline constexpr const char* acceptAny = "any";
 [[nodiscard]] bool isBareAssent(const std::string& accept);
 
-/// Read a command line. Without a result, `status` is the exit status of the run: help was shown, or a wrong call was
-/// answered with a message. Texts of a call are in UTF-8, fingerprints in lower case.
+/// Read a command line. Without a result, help or an error message was printed, and `status` is the exit status of the
+/// run. Texts of a call are in UTF-8, fingerprints in lower case.
 [[nodiscard]] std::optional<AskCall> readAskCall(int argc, char** argv, int& status);
 [[nodiscard]] std::optional<AuditCall> readAuditCall(int argc, char** argv, int& status);
 

@@ -27,13 +27,13 @@ std::ostream& operator<<(std::ostream& out, const icu::UnicodeString& text) {
 
 icu::UnicodeString fromUtf8(const std::string& text) { return icu::UnicodeString::fromUTF8(text); }
 
-/// The name of a language in its own words, or in English where the terminal cannot write them.
+/// The name of a language in that language, or in English if the terminal cannot show it.
 icu::UnicodeString nameOf(const LanguageEntry& language) {
     const icu::UnicodeString own = createResource(language.code, true)->LANGNAME_KEY().unescape();
     return isLegible(own) ? own : fromUtf8(language.englishName);
 }
 
-/// Traditional Chinese is recorded, and never shown.
+/// The languages that have a text of their own and can be shown. Traditional Chinese is recorded and never shown.
 std::vector<LanguageEntry> shownLanguages(const RunContext& context, const Terms& terms) {
     std::vector<LanguageEntry> languages;
     for (const LanguageEntry& language : languagesOfSet(context.languageSet)) {
@@ -43,7 +43,7 @@ std::vector<LanguageEntry> shownLanguages(const RunContext& context, const Terms
     return languages;
 }
 
-/// The entry that an answer names, by its number or its code; `languages.size()` for none.
+/// The index of the language that an answer names, by its number or its code; `languages.size()` if it names none.
 std::size_t indexNamed(const std::string& answer, const std::vector<LanguageEntry>& languages) {
     const auto byCode = std::ranges::find(languages, answer, &LanguageEntry::code);
     if (byCode != languages.end()) return static_cast<std::size_t>(byCode - languages.begin());
@@ -102,9 +102,9 @@ bool Dialogue::isLegibleIn(const std::string& code, std::string& problem) const 
     return false;
 }
 
-/// The height to show pages of, so that every page has a line of text: on a screen with room for the prompt alone, that
-/// of a lower one, on which the text is one page. The user may switch to English, and look at the terms of other
-/// parties.
+/// The height for which pages are laid out, such that every page has a line of text, in English and for the terms of
+/// other parties too. On a screen with room for the prompt alone, this is a lower height, at which the text is one
+/// page.
 int32_t Dialogue::heightOfPages(ScreenSize size) const {
     const auto isWithoutText = [&](int32_t height) {
         RunContext own = createRunContext(context_.licenseDir, context_.statusDir, context_.languageSet);
@@ -121,7 +121,7 @@ int32_t Dialogue::heightOfPages(ScreenSize size) const {
     return height;
 }
 
-/// Says that the terms have changed; how many lines that takes.
+/// Says that the terms have changed. Returns how many lines that takes.
 int32_t Dialogue::showNotice(const ScreenSize& size) const {
     if (!subject_.accepted) return 0;
     const Fields& last = *subject_.accepted;

@@ -20,17 +20,17 @@ struct Subject {
 
 enum class Answer { accepted, declined, impossible };
 
-/// Holds the dialogue of zev on a terminal; its end by other means is an exception, NobodyAnswers.
+/// Runs the dialogue of zev on a terminal. If it ends without an answer, it throws NobodyAnswers.
 class Dialogue {
 public:
-    /// `context` has the terms in its licence directory. Its language is the one to show, and at the end the one that
-    /// was shown last.
+    /// `context` has the terms in its licence directory. Its language is the one to show first, and after the dialogue
+    /// the one that was shown last.
     Dialogue(Terminal& terminal, RunContext& context, const Subject& subject);
 
     /// Offers a menu of the languages that have a text of their own, if there are several.
     void chooseLanguage();
 
-    /// Where the answer is `impossible`, `problem` says why.
+    /// If the answer is `impossible`, `problem` says why.
     [[nodiscard]] Answer ask(std::string& problem);
 
 private:

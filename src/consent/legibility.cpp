@@ -21,7 +21,7 @@ bool isPrintable(UChar32 character) {
     return u_isprint(character) && (U_GET_GC_MASK(character) & separators) == 0;
 }
 
-/// Fails on bytes that are no text.
+/// Fails if the bytes are not text in the code page of the process.
 bool decode(const std::string& bytes, icu::UnicodeString& text) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::LocalUConverterPointer converter(ucnv_open(codePageName(), &status));

@@ -6,26 +6,26 @@
 
 namespace zev {
 
-/// Whether the code page of the process shows the letters, digits and marks with which answers and prompts are written
-/// as the bytes of ASCII, which every terminal takes for them.
+/// Whether the code page of the process writes the letters, digits and marks of answers and prompts as the bytes of
+/// ASCII, which every terminal understands.
 [[nodiscard]] bool writesAscii();
 
-/// Whether the catalogues can be read in the code page of the process: not where the byte of the backslash, with which
-/// their escapes begin, is another character.
+/// Whether the catalogues can be read in the code page of the process. They cannot if the byte of the backslash, with
+/// which their escapes begin, is another character there.
 [[nodiscard]] bool readsCatalogues();
 
 /// UTF-8 in the code page of the process.
 [[nodiscard]] std::string inCodePage(const std::string& utf8);
 
-/// Whether the code page of the process loses no more than one letter in a hundred of a text.
+/// Whether the code page of the process can show a text: it loses at most one letter in a hundred.
 [[nodiscard]] bool isLegible(const icu::UnicodeString& text);
 
-/// Text of a user in the code page of the process, such as an argument, in UTF-8. False when its bytes are not text in
-/// that code page, or it is empty, too long, not all printable or has a blank at an end: then it cannot stand in a
-/// record.
+/// Converts a text of the user, such as an argument, from the code page of the process to UTF-8. False if it cannot be
+/// a field of a record: its bytes are not text in that code page, or it is empty, longer than 200 characters, not all
+/// printable, or has a blank at an end.
 [[nodiscard]] bool toRecordText(const std::string& bytes, std::string& utf8);
 
-/// UTF-8 in one line of printable characters: all else becomes "?".
+/// The text with each character that is not printable, such as a line feed, replaced by "?".
 [[nodiscard]] std::string printableText(const std::string& utf8);
 
 }  // namespace zev

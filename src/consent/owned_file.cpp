@@ -14,7 +14,7 @@ namespace zev {
 
 namespace {
 
-/// Hands the bytes of a file to `consume`, up to a limit that the file had when it was opened. False on a read error.
+/// Hands the bytes of a file to `consume`. False on a read error, or if the file has grown beyond `mostBytes`.
 template <class Consume>
 bool forEachPiece(const Descriptor& file, std::size_t mostBytes, Consume consume) {
     std::array<char, 1 << 16> piece;

@@ -15,7 +15,7 @@ class Owners {
 public:
     /// Those of root and of the owner of the state directory.
     [[nodiscard]] static Owners ofState(const struct stat& state) { return {state.st_uid}; }
-    /// In the directory of a group those of any user, if a record is all of one.
+    /// Those of any user, as in the directory of a group, but the files of one record must all belong to one user.
     [[nodiscard]] static Owners anyOne() { return {std::nullopt}; }
 
     /// Whether the owner and the mode of a file let it be part of a record.
@@ -28,24 +28,24 @@ private:
     std::optional<uid_t> owner_;
 };
 
-/// The files below are opened in the directory of a descriptor. Links are not followed, and type, owner and size are
-/// asked for before anything is read. `flaw` is what is wrong with a file, and nothing on success.
+/// These functions open a file in the directory of a descriptor. They do not follow links, and check type, owner and
+/// size before they read anything. On failure `flaw` says what is wrong with the file; on success it is not changed.
 
 [[nodiscard]] Descriptor openOwnedDirectory(int parent, const std::string& name, Owners& owners, std::string& flaw);
 
-/// A regular file that is open, of at most `mostBytes`.
+/// Opens a regular file of at most `mostBytes`.
 [[nodiscard]] Descriptor openOwnedFile(int directory, const std::string& name, std::size_t mostBytes, Owners& owners,
                                        std::string& flaw);
 
-/// The most bytes that a file of lines has, and a copy of a text.
+/// The largest size of a file of lines, and of a copy of a text, in bytes.
 inline constexpr std::size_t mostOfLines = 64 << 10;
 inline constexpr std::size_t mostOfCopy = 256 << 20;
 
-/// Appends a file of at most `mostBytes`.
+/// Appends the content of a file of at most `mostBytes` to `bytes`.
 [[nodiscard]] bool readOwned(int directory, const std::string& name, std::size_t mostBytes, Owners& owners,
                              std::string& bytes, std::string& flaw);
 
-/// The SHA-256 of a file of any kind in a record.
+/// Computes the SHA-256 of a file of a record.
 [[nodiscard]] bool hashOwned(int directory, const std::string& name, Owners& owners, std::string& sum,
                              std::string& flaw);
 

@@ -18,8 +18,8 @@ namespace zev {
 
 namespace {
 
-/// Looked up in the file itself: a static executable that asked for more would load libraries of the system, which need
-/// not be those that it was built with.
+/// Reads /etc/passwd itself: in a static executable, getpwuid would load libraries of the system, which need not fit
+/// those that it was built with.
 std::string nameOf(uid_t user) {
     const File file(std::fopen("/etc/passwd", "re"));
     while (const passwd* entry = file ? fgetpwent(file.get()) : nullptr) {
@@ -33,7 +33,7 @@ std::string fromEnvironment(const char* variable) {
     return value != nullptr ? value : "";
 }
 
-/// Whether a directory, or else what of the path to it is there, is the user's own.
+/// Whether a directory belongs to the user. If it is not there, the nearest directory above it counts.
 bool isOwn(const std::filesystem::path& directory) {
     struct stat status {};
     for (auto path = directory; path.has_relative_path(); path = path.parent_path()) {

@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::size_t fingerprintDigits = 64;
 
-/// A time as currentTime of consent/person.h writes it.
+/// Whether a text is a time as currentTime in consent/person.h writes it.
 bool isTime(const std::string& text) {
     constexpr std::string_view pattern = "0000-00-00T00:00:00Z";
     return std::ranges::equal(text, pattern, [](char c, char p) { return p == '0' ? c >= '0' && c <= '9' : c == p; });
 }
 
-/// Whether there is nothing in the place of a record: not even a directory, or an empty one, which a record replaces.
+/// Whether the place of a record is free: nothing is there, or an empty directory, which a record replaces.
 bool isVacant(int productDirectory, const std::string& fingerprint) {
     struct stat status {};
     if (fstatat(productDirectory, fingerprint.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return errno == ENOENT;

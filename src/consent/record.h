@@ -19,7 +19,7 @@ inline constexpr std::array acceptanceFields{"product",  "version", "terms",   "
 using Fields = std::map<std::string, std::string>;
 
 [[nodiscard]] std::string formatAcceptance(const Fields& fields);
-/// None when it is no acceptance: a line without "=", a name twice, or no product, terms or time.
+/// No result if a line has no "=", a name occurs twice, or the product, the terms or the time are missing.
 [[nodiscard]] std::optional<Fields> parseAcceptance(const std::string& bytes);
 
 [[nodiscard]] bool isFingerprint(const std::string& digits);
@@ -27,25 +27,25 @@ using Fields = std::map<std::string, std::string>;
 enum class RecordState {
     absent,
     whole,
-    changed,    ///< its files are not those that it has the sums of
-    incomplete  ///< a part is missing, cannot be read, or is not of the kind, owner or size that it must be
+    changed,    ///< its files do not have the sums that it lists
+    incomplete  ///< a part is missing, cannot be read, or does not have the type, owner or size that it must have
 };
 
 struct Record {
     RecordState state = RecordState::absent;
-    Fields fields;     ///< as far as they can be had
+    Fields fields;     ///< as far as they can be read
     std::string flaw;  ///< what is wrong, if it is not whole
 };
 
-/// Judges the record of a fingerprint in a descriptor's directory, which is that of a product. Nothing is followed, and
-/// nothing is read before its type, owner and size are known.
+/// Judges the record of a fingerprint in the directory of a product. It follows no link, and checks the type, owner and
+/// size of each file before it reads it.
 [[nodiscard]] Record judgeRecord(int productDirectory, const std::string& product, const std::string& fingerprint,
                                  Owners owners);
 
-/// Its acceptance alone, without a look at the rest.
+/// Reads the acceptance of a record without judging the rest.
 [[nodiscard]] std::optional<Fields> readAcceptance(int productDirectory, const std::string& fingerprint, Owners owners);
 
-/// What SHA256SUMS of a record that is open has to hold. None where a part cannot be read; `flaw` says which.
+/// What the SHA256SUMS of an open record must hold. No result if a part cannot be read; `flaw` says which.
 [[nodiscard]] std::optional<std::string> sumsOf(int record, Owners& owners, std::string& flaw);
 
 }  // namespace zev

@@ -24,7 +24,7 @@ namespace {
 
 std::string failure() { return std::strerror(errno); }
 
-/// zev makes what other users cannot read.
+/// Lets other users read the record: zev makes directories that they cannot read.
 bool openToOthers(int directory) {
     constexpr mode_t directoryMode = 0755, fileMode = 0644;
     std::vector<std::string> names;
@@ -70,7 +70,7 @@ std::string writeRecord(const Fields& fields, const Terms& terms, int languageSe
     Owners owners = Owners::ofState(own);
     const auto sums = sumsOf(record.get(), owners, flaw);
     if (!sums) return flaw;
-    // zev does not notice when the end of a copy is lost.
+    // zev does not notice if the end of a copy is lost, as on a full disk.
     for (const auto& [name, sum] : terms.sumsOfCopies(languageSet)) {
         const std::string line = sumLines(std::array{FileSum{joinPath(copiesName, name), sum}});
         if (sums->find(line) == std::string::npos) return "the copy " + name + " cannot be written in full";

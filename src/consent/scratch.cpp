@@ -28,11 +28,11 @@ std::string randomName() {
     return name;
 }
 
-/// Whether a directory is scratch that this user's runs made, and that none of them holds locked any more. A lock that
-/// is missing was not made in time: then there is nothing else either.
+/// Whether a directory is a scratch directory of a run of this user that has ended. If its lock is missing, the run was
+/// killed before it made the lock, and the directory must be empty.
 bool isLeftOver(int scratch) {
     constexpr std::time_t minute = 60, day = minute * 60 * 24;
-    constexpr mode_t modeBits = 0777, mode = 0700;  // a directory of a group hands its setgid bit on
+    constexpr mode_t modeBits = 0777, mode = 0700;  // without the setgid bit, which comes from a master directory
     struct stat status {};
     if (fstat(scratch, &status) != 0 || status.st_uid != geteuid() || (status.st_mode & modeBits) != mode) return false;
     const std::time_t age = std::time(nullptr) - status.st_mtime;
@@ -61,7 +61,7 @@ Scratch openScratch(int parent) {
         scratch.directory = Descriptor();
         return scratch;
     }
-    // Where there are no locks, those who look for leftovers wait for a day instead.
+    // If the file system has no locks, clearLeftovers waits for a day instead.
     flock(scratch.lock.get(), LOCK_EX | LOCK_NB);
     return scratch;
 }

@@ -6,18 +6,18 @@
 
 namespace zev {
 
-/// A private directory inside a state or master directory, in which a run works. It holds a locked file while the run
-/// lives, and goes with the run.
+/// A private directory inside a state or master directory, in which a run works. While the run lives, the directory
+/// holds a locked file; when the run ends, the directory is removed.
 struct Scratch {
-    Descriptor directory;  ///< none when it could not be made
+    Descriptor directory;  ///< not open if the directory could not be made; `problem` then says why
     Descriptor lock;
     std::string problem;
 };
 
 [[nodiscard]] Scratch openScratch(int parent);
 
-/// Removes what killed runs of this user left in a directory: scratch that no run holds locked and that is older than a
-/// minute, or than a day where there are no locks.
+/// Removes the scratch directories that killed runs of this user left in `parent`: those whose file no run has locked
+/// and that are older than a minute, or than a day if the file system has no locks.
 void clearLeftovers(int parent);
 
 }  // namespace zev

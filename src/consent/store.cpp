@@ -31,7 +31,7 @@ bool copyOwned(int from, int to, const std::string& name, std::size_t mostBytes,
     return problem.empty();
 }
 
-/// Makes a directory of the same files as a record.
+/// Copies the files of a record into an empty directory.
 bool copyRecord(int from, int to, Owners owners, std::string& problem) {
     std::vector<std::string> names;
     const Descriptor copies = openOwnedDirectory(from, copiesName, owners, problem);
@@ -48,7 +48,7 @@ bool copyRecord(int from, int to, Owners owners, std::string& problem) {
            copyOwned(from, to, sumsName, mostOfLines, owners, problem);
 }
 
-/// Waits for a lock, but not for one that is never given back: who can read the file can hold it.
+/// Waits a second at most for a lock, because whoever can read the file can hold it for ever.
 void lockForAMoment(const Descriptor& file) {
     constexpr int attempts = 50;
     constexpr timespec pause{0, 20'000'000};
@@ -76,7 +76,7 @@ std::string Store::create() {
     const bool isOthers = geteuid() != 0 && isOpen() && status_.st_uid != geteuid();
     if (!isOthers || use_ == DirectoryUse::master) return problem;
     return path_ + " belongs to user " + std::to_string(status_.st_uid) +
-           ", and records of yours would not count in it; name another directory with -s";
+           ", so your records would not count there; name another directory with -s";
 }
 
 Owners Store::owners() const { return use_ == DirectoryUse::master ? Owners::anyOne() : Owners::ofState(status_); }
@@ -118,10 +118,10 @@ std::optional<Fields> Store::newestOther(const std::string& fingerprint) const {
     return newest;
 }
 
-/// As in the master directory, others of the group record in that of a product too. A run that was killed may have left
-/// one that is not yet shared: it is empty.
+/// Gives the directory of a product the group and the mode of the master directory, so that other members can record in
+/// it too. This is done if it is empty: it is new, or a run was killed before it did this.
 bool Store::shareWithGroup(const Descriptor& product) const {
-    // Records in a directory to which everyone can write do not count, whatever the master directory is.
+    // A record does not count in a directory to which everyone can write, even if the master directory is one.
     constexpr mode_t modeBits = 07777 & ~S_IWOTH;
     struct stat status {};
     std::vector<std::string> names;
@@ -142,7 +142,7 @@ std::string Store::openProductDirectory(Descriptor& product) const {
 }
 
 std::string Store::move(int scratch, const std::string& name, const std::string& fingerprint) {
-    // A run that declined may remove the directory of the product that it made just when this one enters it.
+    // Another run that declined can remove a directory that it made at the moment at which this one enters it.
     constexpr int attempts = 5;
     std::string problem;
     for (int attempt = 0; attempt < attempts; ++attempt) {
@@ -151,7 +151,7 @@ std::string Store::move(int scratch, const std::string& name, const std::string&
         if (!problem.empty()) continue;
         if (renameat(scratch, name.c_str(), product.get(), fingerprint.c_str()) == 0) {
             const bool isOnDisk = syncAt(product.get(), ".") && syncAt(descriptor(), ".") && syncMadeForRun();
-            return isOnDisk ? "" : failure(path_ + " has the record, but may lose it with the power");
+            return isOnDisk ? "" : failure(path_ + " has the record, but a power failure can lose it");
         }
         problem = failure(joinPath(joinPath(path_, product_), fingerprint));
         if (errno == EEXIST || errno == ENOTEMPTY) {
@@ -192,7 +192,7 @@ std::string Store::logVersion(const std::string& fingerprint, const std::string&
     Owners accepted = owners();
     if (!readOwned(product.get(), name, mostOfCopy, accepted, bytes, problem)) return problem;
     if (bytes.find("\t" + version + "\t") != std::string::npos) return "";
-    // What a full disk has cut stays a line of its own.
+    // If a full disk has cut the last line, the new one begins on a line of its own.
     const std::string begin = bytes.empty() || bytes.ends_with('\n') ? "" : "\n";
     const std::string line = begin + currentTime() + "\t" + version + "\t" + who + "\n";
     const ssize_t written = write(file.get(), line.data(), line.size());

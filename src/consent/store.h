@@ -10,32 +10,32 @@ namespace zev {
 
 inline constexpr const char* logSuffix = ".log";
 
-/// The records of one product in a state directory, or in the master directory of a group. Its functions return why
-/// something could not be done, and nothing on success.
+/// The records of one product in a state directory, or in the master directory of a group. A function that returns a
+/// text returns the cause of its failure, and an empty text on success.
 class Store {
 public:
     Store(std::string path, DirectoryUse use, std::string product);
 
     /// Opens the directory if it is there.
     [[nodiscard]] std::string open();
-    /// The same, and creates it if it is not.
+    /// Opens the directory, and creates it first if it is not there.
     [[nodiscard]] std::string create();
     [[nodiscard]] bool isOpen() const { return directory_.isOpen(); }
     [[nodiscard]] int descriptor() const { return directory_.get(); }
     [[nodiscard]] const std::string& path() const { return path_; }
 
     [[nodiscard]] Record find(const std::string& fingerprint) const;
-    /// The acceptance of other terms of the product that is the last one.
+    /// The latest acceptance of other terms of the product.
     [[nodiscard]] std::optional<Fields> newestOther(const std::string& fingerprint) const;
 
-    /// Moves a record, the directory `name` of a scratch directory, to its place, after all of it has been brought to
-    /// the disk. Where another run was first, its record is as good.
+    /// Writes a record, the directory `name` of a scratch directory, to the disk, and then moves it into place. If
+    /// another run has put a whole record there before, that is a success too.
     [[nodiscard]] std::string publish(int scratch, const std::string& name, const std::string& fingerprint);
 
-    /// Makes a copy of a record of another store, in scratch of its own, and publishes it.
+    /// Copies a record of another store to a scratch directory of its own, and publishes the copy.
     [[nodiscard]] std::string publishCopy(const Store& other, const std::string& fingerprint);
 
-    /// Notes that a version came with terms that were accepted before; once for each version.
+    /// Logs that a version came with terms that were accepted before, once for each version.
     [[nodiscard]] std::string logVersion(const std::string& fingerprint, const std::string& version,
                                          const std::string& who) const;
 
@@ -55,7 +55,7 @@ private:
     struct stat status_ {};
 };
 
-/// Brings a record in a scratch directory to the disk.
+/// Writes a record in a scratch directory to the disk.
 [[nodiscard]] bool syncRecord(int scratch, const std::string& name);
 
 }  // namespace zev

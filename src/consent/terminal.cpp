@@ -16,7 +16,7 @@ namespace zev {
 
 namespace {
 
-constexpr const char* hasGone = "the terminal has gone";
+constexpr const char* isGone = "the terminal is gone";
 
 }  // namespace
 
@@ -33,12 +33,12 @@ void Terminal::waitFor(short event) {
     int ready;
     do {
         ready = poll(&terminal, 1, waitSeconds_ == 0 ? forEver : waitSeconds_ * milliseconds);
-    } while (ready == -1 && errno == EINTR);  // after a suspension, anew
-    if (ready == 0) throw NobodyAnswers{"nobody answered in " + std::to_string(waitSeconds_) + " seconds"};
-    if (ready == -1) throw NobodyAnswers{hasGone};
+    } while (ready == -1 && errno == EINTR);  // after a suspension, the time starts anew
+    if (ready == 0) throw NobodyAnswers{"nobody answered within " + std::to_string(waitSeconds_) + " s"};
+    if (ready == -1) throw NobodyAnswers{isGone};
 }
 
-/// Drains the terminal, which by itself could take for ever.
+/// Waits until all output is shown, but not for ever as tcdrain alone does.
 void Terminal::waitUntilOut() {
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
@@ -64,9 +64,10 @@ Terminal::int_type Terminal::underflow() {
         waitFor(POLLIN);
         size = read(descriptor_.get(), line_.data(), line_.size());
     } while (size == -1 && (errno == EAGAIN || errno == EINTR));
-    if (size <= 0) throw NobodyAnswers{hasGone};
+    if (size <= 0) throw NobodyAnswers{isGone};
     line_.resize(static_cast<std::size_t>(size));
-    // An answer that is too long would be the last one, and one with a NUL would be cut there. No prompt takes "?".
+    // The dialogue reads nothing after an answer that is too long, and cuts one at a NUL. "?" makes it repeat the
+    // prompt.
     if (line_.find('\n') >= answerSize || line_.find('\0') != std::string::npos) line_ = "?\n";
     setg(line_.data(), line_.data(), line_.data() + line_.size());
     return traits_type::to_int_type(*gptr());
@@ -91,7 +92,7 @@ int Terminal::sync() {
         if (size >= 0) {
             begin += static_cast<std::size_t>(size);
         } else if (errno != EAGAIN && errno != EINTR) {
-            throw NobodyAnswers{hasGone};
+            throw NobodyAnswers{isGone};
         }
     }
     output_.clear();
@@ -100,7 +101,7 @@ int Terminal::sync() {
 
 StandardStreamsOn::StandardStreamsOn(Terminal& terminal)
     : input_(std::cin.rdbuf(&terminal)), output_(std::cout.rdbuf(&terminal)) {
-    // Lets what a buffer throws through.
+    // With this, a stream passes on what its buffer throws.
     std::cin.exceptions(std::ios::badbit);
     std::cout.exceptions(std::ios::badbit);
 }

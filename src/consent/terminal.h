@@ -10,18 +10,17 @@
 
 namespace zev {
 
-/// Nobody answers any more: the end of the wait, a hang-up, the end of input. Leaves the dialogue as an exception,
-/// since for the dialogue itself the end of input is no end.
+/// Nobody answers any more: the time is over, or the terminal is gone. An exception, because the dialogue itself does
+/// not end when its input ends.
 struct NobodyAnswers {
     std::string why;
 };
 
-/// The terminal of the session as the input and the output of a dialogue, whatever standard input, output and error
-/// are.
+/// The controlling terminal of the session as the input and output of a dialogue, independent of the standard streams.
 class Terminal : public std::streambuf {
 public:
-    /// Opens /dev/tty and takes it for this run; see takeTerminal. `waitSeconds` is the time without an Enter, or
-    /// without room for output, after which nobody is there; 0 stands for ever.
+    /// Opens /dev/tty and takes it for this run; see takeTerminal. If nobody presses Enter, or the terminal takes no
+    /// output, for `waitSeconds`, reading or writing throws NobodyAnswers; 0 waits for ever.
     explicit Terminal(int waitSeconds);
     ~Terminal() override;
 
@@ -29,7 +28,7 @@ public:
     [[nodiscard]] bool isOpen() const { return isOpen_; }
     [[nodiscard]] ScreenSize size() const { return sizeOfTerminal(descriptor_.get()); }
 
-    /// The next line is read when all output is out, and without what was typed before that.
+    /// Before the next line is read, waits until all output is shown and drops what was typed until then.
     void discardTypeAhead() { discardsTypeAhead_ = true; }
 
 protected:
@@ -49,7 +48,7 @@ private:
     std::string line_, output_;
 };
 
-/// Lets std::cin and std::cout be a terminal while it lives.
+/// While it lives, std::cin and std::cout read from and write to a terminal.
 class StandardStreamsOn {
 public:
     explicit StandardStreamsOn(Terminal& terminal);

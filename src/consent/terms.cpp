@@ -26,7 +26,7 @@ icu::UnicodeString decoded(const std::string& bytes) {
     return {bytes.data(), static_cast<int32_t>(bytes.size()), licenseCodePage};
 }
 
-/// A character that ends the text on the screen, or in the copy as well.
+/// Whether a character ends the text early, on the screen or in the copy as well.
 bool hidesItsRest(const icu::UnicodeString& text) { return text.indexOf(u'\0') >= 0 || text.indexOf(u'\uFFFF') >= 0; }
 
 std::string inUtf8(const icu::UnicodeString& text) {
@@ -39,7 +39,7 @@ std::string inUtf8(const icu::UnicodeString& text) {
 Terms Terms::read(const std::string& directory, int languageSet, std::string& problem) {
     Terms terms;
     if (!Descriptor(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).isOpen()) {
-        problem = directory + " is not a directory that can be read: " + std::strerror(errno);
+        problem = "the licence directory " + directory + " cannot be read: " + std::strerror(errno);
         return terms;
     }
     std::vector<FileSum> sums;
@@ -57,7 +57,7 @@ Terms Terms::read(const std::string& directory, int languageSet, std::string& pr
             return terms;
         }
         if (hidesItsRest(decoded(content.bytes))) {
-            problem = joinPath(directory, name) + ": it has a U+0000 or U+FFFF, after which nothing is shown";
+            problem = joinPath(directory, name) + ": it has a U+0000 or a U+FFFF, which hides the rest of the text";
             return terms;
         }
         sums.push_back({name, sha256(content.bytes)});

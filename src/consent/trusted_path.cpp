@@ -17,7 +17,7 @@ namespace zev {
 
 namespace {
 
-/// The id that the kernel shows in a user namespace for every id that has none there; none outside of namespaces.
+/// The id that the kernel shows in a user namespace for every id that has none there; no result outside of namespaces.
 std::optional<uid_t> readOverflowId(const char* map, const char* overflow) {
     unsigned long inside = 0, outside = 0, count = 0;
     std::ifstream(map) >> inside >> outside >> count;
@@ -49,7 +49,7 @@ std::string flawOf(const struct stat& status) {
     return "";
 }
 
-/// A walk along a path, one directory after the other.
+/// A walk along a path from the root, one directory after the other.
 class Walk {
 public:
     Walk(const std::string& path, DirectoryUse use, bool creates)
@@ -129,7 +129,7 @@ private:
         return flaw.empty() ? "" : refuse(shown, flaw);
     }
 
-    /// Comes last, since only then the owner of a master directory is known.
+    /// Comes last, because the owner of the master directory is known only then.
     [[nodiscard]] std::string checkOwners() const {
         for (const auto& [shown, owner] : owners_) {
             if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, ownedBy(owner));
@@ -176,7 +176,7 @@ bool isTrustedOwner(uid_t owner) { return owner == 0 || owner == geteuid() || is
 TrustedDirectory openTrusted(const std::string& path, DirectoryUse use) { return Walk(path, use, false).run(); }
 
 TrustedDirectory makeTrusted(const std::string& path, DirectoryUse use) {
-    // A run that declined may remove a directory that it made just when this one enters it.
+    // Another run that declined can remove a directory that it made at the moment at which this one enters it.
     constexpr int attempts = 5;
     TrustedDirectory directory;
     for (int attempt = 0; attempt < attempts; ++attempt) {

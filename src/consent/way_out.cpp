@@ -16,14 +16,14 @@ namespace zev {
 
 namespace {
 
-/// A directory of the run, with an own descriptor of its parent and of itself.
+/// A directory that was made for the run, with descriptors of its parent and of itself.
 struct Made {
     int parent;
     int directory;
     std::array<char, NAME_MAX + 1> name;
 };
 
-// Read by signal handlers, and changed only while signals are held.
+// Signal handlers read these, so they change only while signals are blocked.
 std::array<Made, 64> made;
 std::size_t madeCount = 0;
 std::array<Made, 2> scratches;  // in the state directory, and in the master directory
@@ -87,14 +87,14 @@ void putRight() noexcept {
 }
 
 extern "C" void endBySignal(int signal) {
-    // A print command between fork and exec still has this handler, and nothing to put right.
+    // Between fork and exec a print command still has this handler, and has nothing to undo.
     if (getpid() == process) putRight();
-    // All signals wait while this runs; on return this one finds nothing that catches it.
+    // All signals are blocked here; when the handler returns, this one ends the process.
     std::signal(signal, SIG_DFL);
     raise(signal);
 }
 
-/// In the background the terminal belongs to others.
+/// Takes the terminal again, unless the run is in the background.
 void takeAgain() noexcept {
     if (terminal == -1 || !isInForeground(terminal)) return;
     setTerminal(settingsOfRun);
@@ -125,8 +125,8 @@ extern "C" void goOn(int) {
     errno = error;
 }
 
-/// A write to a closed pipe is an error like others, and not the end. Unlike one that is ignored, a signal that is
-/// caught is not handed on to print commands.
+/// Makes a write to a closed pipe fail instead of ending the run. The signal is not ignored instead, because print
+/// commands would inherit that.
 extern "C" void doNothing(int) {}
 
 void handle(int signal, void (*handler)(int)) {
@@ -138,7 +138,7 @@ void handle(int signal, void (*handler)(int)) {
     sigaction(signal, &action, nullptr);
 }
 
-/// Whatever a caller may have left so that no answer can be typed or read is set right.
+/// Corrects the modes with which no answer could be typed or read.
 termios settingsForAnswers(termios settings) {
     settings.c_iflag &= ~static_cast<tcflag_t>(INLCR | IGNCR | IUCLC | ISTRIP | PARMRK | IXOFF);
     settings.c_iflag |= ICRNL;
@@ -202,7 +202,7 @@ void removeScratch(int parent, const char* name, int scratch) noexcept {
 }
 
 bool takeTerminal(int descriptor) {
-    // In the background this stops the whole job, as its shell expects; where nothing stops it, it stays there.
+    // In the background this stops the whole job, as its shell expects, unless the signal is ignored.
     while (!isInForeground(descriptor) && tcdrain(descriptor) != 0 && errno == EINTR) {
     }
     if (!isInForeground(descriptor)) return false;
@@ -217,10 +217,10 @@ bool takeTerminal(int descriptor) {
 }
 
 void giveTerminalBack() noexcept {
-    const SignalsHeld held;  // that of a write in the background among them
+    const SignalsHeld held;  // among them SIGTTOU, which would stop a run in the background here
     if (!isTaken) return;
     isTaken = false;
-    // Of a run that was put into the background, the terminal is set by those in the foreground.
+    // If the run was put into the background, the terminal belongs to the job in the foreground.
     const pid_t foreground = tcgetpgrp(terminal);
     if (foreground == -1 || foreground == getpgrp()) setTerminal(settingsBefore);
 }

@@ -1,10 +1,10 @@
-// ICU's files can format numbers and transliterate what passes through them. zev asks them for neither, but the code
-// that it does use refers to both, so that the linker would bring them along: 2.3 MB of a static executable. It finds
-// the functions below first and leaves ICU's own out.
+// ICU's file functions can format numbers and transliterate text. zev uses neither, but the code that it does use
+// refers to both, so that the linker would add them: 2.3 MB of a static executable. It finds the functions below first
+// and leaves ICU's own out.
 //
-// Only closing is ever called, with nothing to close. A call of any other stops the run: there is no right answer that
-// it could return, and a wrong one might pass for an agreement. They stand in for ICU's in every build, so the suite
-// shows that none is called.
+// Only the functions that close are ever called, with nothing to close. Any other one stops the run: it has no right
+// result to return, and a wrong one could be taken for an agreement. Every build uses these functions, so the tests
+// show that no other one is called.
 #include <unicode/unum.h>
 #include <unicode/utrans.h>
 

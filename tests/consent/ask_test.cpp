@@ -77,8 +77,8 @@ TEST_F(Ask, acceptsBeforehandOnlyWhatNamesTheText) {
     std::ranges::transform(capitals, capitals.begin(),
                            [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     const std::tuple<std::string, int, std::string> rows[]{
-        {"", 2, "nobody can be asked for the terms of rocket 2.0: there is no terminal.\n"},
-        {"yes", 2, "\"yes\" does not say which terms are accepted, and they can change.\n"},
+        {"", 2, "nobody can be asked to accept the terms of rocket 2.0: there is no terminal.\n"},
+        {"yes", 2, "\"yes\" does not say which text is accepted, and the terms of rocket 2.0 can change.\n"},
         {"1", 2, "\"1\" does not say"},
         {"true", 2, "\"true\" does not say"},
         {"Y", 2, "\"y\" does not say"},
@@ -141,13 +141,13 @@ TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
     sandbox.write("empty/LA_en", utf16(u"x"));
     const std::string unlike = "0123456789abcdef0123456789abcdef";
     const std::pair<Arguments, std::string> rows[]{
-        {{"-l", sandbox.path("none")}, "is not a directory that can be read"},
+        {{"-l", sandbox.path("none")}, "none cannot be read"},
         {{"-l", sandbox.path("empty")}, "are incomplete; missing: LA_"},
         {{"-l", sandbox.path("odd")}, "/LA_en: "},
-        {{"-p", "-x"}, "a product is a word"},
+        {{"-p", "-x"}, "a product has 1 to 64 of the characters"},
         {{"-l", ""}, "empty"},
-        {{"-p", "../x"}, "a product is a word"},
-        {{"-p", std::string(65, 'p')}, "a product is a word"},
+        {{"-p", "../x"}, "a product has 1 to 64 of the characters"},
+        {{"-p", std::string(65, 'p')}, "a product has 1 to 64 of the characters"},
         {{"-v", "2.0\t"}, "printable"},
         {{"-v", " 2.0"}, "printable"},
         {{"-v", "2\xE2\x80\xAE"
@@ -174,10 +174,10 @@ TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
     for (const auto* hidden : {u"x\0y", u"x\uFFFFy"}) {
         const Sandbox other;
         other.write("licenses/LI_fr", utf16({hidden, 3}));
-        EXPECT_THAT(accept({"-l", other.path("licenses")}).err, HasSubstr("/LI_fr: it has a U+0000 or U+FFFF"));
+        EXPECT_THAT(accept({"-l", other.path("licenses")}).err, HasSubstr("/LI_fr: it has a U+0000 or a U+FFFF"));
     }
     EXPECT_THAT(script("mkdir gone && cd gone && rmdir ../gone && \"$@\" --accept any", {"-s", "state"}).err,
-                HasSubstr("state starts from a directory that is gone."));
+                HasSubstr("state cannot be found: the working directory was removed."));
     EXPECT_EQ(accept({"--expect", terms(), "-v", std::string(200, '2')}).exitCode, 0);
 }
 
@@ -265,7 +265,7 @@ TEST_F(Ask, refusesCodePagesThatLoseTheText) {
 }
 
 TEST_F(Ask, showsTheTextOnScreensWhereZevWouldShowNone) {
-    // In German, and behind "5" in English, the prompt is a row or more higher than the other, and fills the screen.
+    // In German, and in English after "5", the prompt is at least one line higher than the other, and fills the screen.
     sandbox.write("licenses/non_vur_license", utf16(u"other terms\n"));
     for (unsigned short rows = 0; rows < 15; ++rows) {
         Terminal terminal = onTerminal({}, {{"LANG", "de_DE"}}, rows, 40);

@@ -59,7 +59,7 @@ TEST_F(Audit, comparesTheCopiesWithALicenceDirectory) {
     const std::string state = sandbox.path("state");
     EXPECT_EQ(audit({"-l", sandbox.path("licenses"), "--langset", "3", state}).exitCode, 0);
     EXPECT_THAT(audit({"-l", sandbox.path("licenses"), state}).out, HasSubstr("COPIES CHANGED"));
-    // Someone who changes a copy may change the sums as well.
+    // Whoever changes a copy can change the sums too.
     ASSERT_EQ(script("cd " + record() + " && echo x >license/English.txt && sha256sum acceptance license/* >SHA256SUMS")
                   .exitCode,
               0);

@@ -28,7 +28,7 @@ TEST_F(AskRecord, isJudgedBeforeAnythingIsShownAndAsTheAuditDoes) {
     ASSERT_EQ(accept().exitCode, 0);
     const std::string whole = sandbox.read(record("acceptance"));
     const std::tuple<std::string, std::string, std::string> rows[]{
-        // What is done in the record's place, what the call says of it, and the state in the audit.
+        // What is done in the place of the record, what zev-ask says of it, and the state in the audit.
         {"rm -r license", "license is not a directory", "INCOMPLETE"},
         {"rm SHA256SUMS", "SHA256SUMS is missing", "INCOMPLETE"},
         {"rm acceptance", "acceptance is missing", "INCOMPLETE"},
@@ -59,7 +59,7 @@ TEST_F(AskRecord, isJudgedBeforeAnythingIsShownAndAsTheAuditDoes) {
         const Finished finished = accept();
         EXPECT_EQ(finished.exitCode, 3) << fault;
         EXPECT_THAT(finished.err, AllOf(HasSubstr(own + " is not a whole record ("), HasSubstr(says),
-                                        EndsWith("look into it with zev-audit, and move it away.\n")))
+                                        EndsWith("examine it with zev-audit, then move it away.\n")))
             << fault;
         const Finished audited = audit({sandbox.path("state")});
         EXPECT_EQ(audited.exitCode, 1) << fault;
@@ -101,7 +101,7 @@ TEST_F(AskRecord, leavesAloneWhateverOthersPutWhereItWorks) {
     plant(".zev-ask-free", true);
     plant(".zev-ask-held", true);
     plant(".zev-ask-young", true);
-    sandbox.write("state/.zev-ask-records/rocket/acceptance", "kept");  // renamed to be taken for scratch
+    sandbox.write("state/.zev-ask-records/rocket/acceptance", "kept");  // a name like that of a scratch directory
     fs::last_write_time(sandbox.path("state/.zev-ask-records"), longAgo);
     sandbox.write("state/.zev-ask-file", "");
     sandbox.link("state/.zev-ask-link", sandbox.path("outside"));
@@ -141,7 +141,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         {"", 0777, stranger, stranger, asStranger, "everyone can write to it"},
         {"", 01777, 1, 1, asStranger, "it belongs to user 1,"},
         {"", 01777, 0, 0, asStranger, ""},
-        {"/state", 01777, 0, 0, asStranger, "records of yours would not count in it"},
+        {"/state", 01777, 0, 0, asStranger, "your records would not count there"},
         {"/state", 0777, 0, 0, withoutTerminal, "state is not safe"},
         {"/state", 0775, 0, stranger, withoutTerminal, "state is not safe"},
     };
@@ -206,7 +206,7 @@ TEST_F(AskRecord, ofAGroupIsCopiedWithWhatItSays) {
     const Finished failed = accept({"-m", "/proc/master"});
     EXPECT_EQ(failed.exitCode, 0);
     EXPECT_THAT(failed.err, HasSubstr("recorded in " + sandbox.path("state") + ", but not in the master directory"));
-    fs::create_directories(sandbox.path("master/rocket"));  // as of a run that was killed
+    fs::create_directories(sandbox.path("master/rocket"));  // as a killed run leaves it
     ASSERT_EQ(chmod(sandbox.path("master").c_str(), 02775), 0);
     EXPECT_EQ(ask(grouped).exitCode, 0) << "a later run makes it good";
     struct stat status {};

@@ -13,7 +13,7 @@
 
 namespace zev::test {
 
-/// As from a daemon: whatever the tests are run from, there is no terminal, and nobody else may read what is made.
+/// Starts a command like a daemon: it has no terminal, and a umask that lets nobody else read its files.
 inline void withoutTerminal() {
     setsid();
     umask(077);
@@ -72,7 +72,7 @@ protected:
         return run({"--fingerprint", "-l", sandbox.path("licenses")}, {}, "", withoutTerminal, askProgram)
             .out.substr(0, 64);
     }
-    /// A name inside the record of the terms as they are now.
+    /// The path of a file in the record of the terms as they are now.
     [[nodiscard]] std::string record(const std::string& name = "", const std::string& state = "state") const {
         return state + "/rocket/" + terms() + (name.empty() ? "" : "/" + name);
     }

@@ -95,7 +95,7 @@ TEST_F(AskOnTerminal, canBeAnsweredHoweverTheTerminalWasLeft) {
         poll(&keyboard, 1, -1);
     });
     terminal.type("");
-    terminal.answer("completed viewing", "1\r");  // as the Enter key
+    terminal.answer("completed viewing", "1\r");  // which the Enter key sends
     EXPECT_EQ(terminal.finish().exitCode, 0);
     EXPECT_EQ(terminal.settings().c_cc[VEOF], '1');
     EXPECT_EQ(terminal.settings().c_iflag & (IGNCR | INLCR | ICRNL), tcflag_t{IGNCR | INLCR});
@@ -125,8 +125,7 @@ TEST_F(AskOnTerminal, stopsItsWholeJobInTheBackgroundUntilItIsCalled) {
         echo in the background; fg)sh");
     terminal.waitFor("in the background");
     terminal.answer("completed viewing", "1");
-    usleep(
-        300'000);  // where the job was not yet listening, the answer was dropped, and the shell has no use for this one
+    usleep(300'000);  // if the job did not yet read, the first answer was dropped; otherwise the shell ignores this one
     terminal.type("1");
     terminal.waitFor("ended 0");
 }
@@ -135,10 +134,10 @@ TEST_F(AskOnTerminal, waitsNoLongerThanItWasTold) {
     Terminal terminal = onTerminal({"--wait", "1"});
     const Finished finished = terminal.finish();
     EXPECT_EQ(finished.exitCode, 2);
-    EXPECT_THAT(finished.out, HasSubstr("the terms of rocket 2.0: nobody answered in 1 seconds.\nRead them:"));
+    EXPECT_THAT(finished.out, HasSubstr("the terms of rocket 2.0: nobody answered within 1 s.\nRead them:"));
     EXPECT_FALSE(sandbox.has("state"));
 
-    // Nobody reads either.
+    // Nobody reads what is shown either.
     sandbox.write("licenses/LA_en", utf16(std::u16string(200000, u'x')));
     Terminal unread = onTerminal({"--wait", "1"}, {}, 1, 80);
     EXPECT_EQ(unread.finishUnread(), 2);
@@ -159,7 +158,7 @@ TEST_F(AskOnTerminal, endsWithATerminalThatHangsUp) {
 TEST_F(AskOnTerminal, findsTheTerminalWhateverTheStandardDescriptorsAre) {
     for (const std::string redirections :
          {"</dev/null >log 2>log", "<&- >&- 2>&-", "</dev/full >/dev/full 2>/dev/full"}) {
-        // The terminal would hang up while no one has it open.
+        // Keeps the terminal open, because it would hang up if no process had it open.
         Terminal terminal = inShell("exec \"$@\" 9<&0 " + redirections);
         terminal.answer("completed viewing", "1");
         EXPECT_EQ(terminal.finish().exitCode, 0) << redirections;

@@ -42,8 +42,8 @@ TEST(LineBreaking, countsEastAsianTextDoubleButCutsInCodeUnits) {
         const Speaker speaker(language);
         EXPECT_EQ(displayWidth(speaker.dialog, u"a\x7F\x80\U0001F600｡"), 1 + 1 + 2 + 4 + 2) << language;
         EXPECT_EQ(breakText(speaker.dialog, {50, U'字', 50}, 80)->operator[](0).size(), 39 + 1U) << "78 columns";
-        // Six letters are too wide and cut after ten units, in the next word. Where that word's rest is too wide as
-        // well, it starts over from its own break.
+        // Six letters are too wide and are cut after ten units, in the next word. If the rest of that word is too wide
+        // too, the text starts over from the break before it.
         EXPECT_EQ(speaker.lines(u"абвгде жзик", 10), "абвгде жзи\nк\n");
         EXPECT_EQ(speaker.lines(u"абвгде жзиклмнопрст", 10), "абвгде жзи\n\nжзиклмнопр\nст\n");
         EXPECT_EQ(breakText(speaker.dialog, u"абвгд\nя", 10)->size(), 1U) << "cut past a line feed and the end";

@@ -152,7 +152,7 @@ TEST(RecordingWithoutPrivileges, keepsWhatItMayNotWriteAndTakesForAbsentWhatItMa
         sandbox.write(file, "Status=9\n");
         const auto allow = [path = sandbox.path(closed)](mode_t bits) { ASSERT_EQ(chmod(path.c_str(), bits), 0); };
         allow(mode);
-        // Permissions bind root, too, without these capabilities; who is not root has none to drop.
+        // Without these capabilities, permissions bind root too; other users have none to drop.
         const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-m", sandbox.path("m")}), {}, "", [] {
             for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, capability);
         });

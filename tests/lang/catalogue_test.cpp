@@ -20,7 +20,7 @@
 
 namespace zev::test {
 
-/// The texts of a language by slot number, as its catalogue answers them where a byte is a character of ISO 8859-1.
+/// The texts of a language by slot number, as its catalogue returns them if the code page is ISO 8859-1.
 std::vector<icu::UnicodeString> textsOf(const char* code) {
     setenv("LC_ALL", "en_US.ISO-8859-1", 1);
     adoptEnvironmentLocale();
@@ -145,7 +145,7 @@ TEST(Catalogue, keepsItsIrregularities) {
         {u"u009[AE]", "cs 2, cs 3, cs 9, cs 10, cs 12, cs 14, "},
         {u"u009A", "cs 14, "},
         {u"u009[AE].*u01(61|7E)|u01(61|7E).*u009[AE]", ""},
-        {u"(?s)^(?=.*u00E8)(?=.*u00C8)(?=.*u00EC).*\n9", "cs 11, "},  // in the places of c, C and e with caron
+        {u"(?s)^(?=.*u00E8)(?=.*u00C8)(?=.*u00EC).*\n9", "cs 11, "},  // instead of c, C and e with caron
         {u"u01(0C|0D|1B)[^\n]*\n[1-9]", ""},
         {u"^12\\z", "el 1, ja 1, ko 1, lt 1, ru 1, sl 1, zh 1, zh_TW 1, "},
         {u"^18\\z", "ja 18, ko 18, zh 18, zh_TW 18, "},

@@ -1,5 +1,5 @@
-// Lists what zev can get out of ICU's data: a line for each code page, each of its names and each way to break lines,
-// with a digest of what came out. Linked once with the data that are shipped and once with all of them, it must print
+// Lists what zev can get from ICU's data: one line for each code page, each of its names and each way to break lines,
+// with a digest of the results. It is linked once with the data that are shipped and once with all data, and must print
 // the same.
 #include <unicode/brkiter.h>
 #include <unicode/putil.h>
@@ -21,7 +21,8 @@ namespace {
 
 std::size_t digest(const std::string& text) { return std::hash<std::string>()(text); }
 
-/// Characters of the first three planes in the code page, and every third pair of bytes out of it.
+/// The characters of the first three planes converted to the code page, and every third pair of bytes converted from
+/// it.
 std::string conversions(UConverter* converter) {
     icu::UnicodeString characters;
     for (UChar32 character = 1; character < 0x30000; character += character < 0x3000 ? 1 : 7) {
@@ -89,7 +90,7 @@ int main(int count, char** files) {
     u_setTimeZoneFilesDirectory("", &status);
     udata_setFileAccess(UDATA_NO_FILES, &status);
 
-    // A sentence for each dictionary, and what strict and loose rules take each in its own way.
+    // A sentence for each dictionary, and text that strict and loose rules break differently.
     icu::UnicodeString text(
         u"ข้อตกลงนี้อยู่ระหว่างคุณกับผู้ผลิตโปรแกรม ຂໍ້ຕົກລົງນີ້ແມ່ນລະຫວ່າງທ່ານກັບຜູ້ຜະລິດ "
         u"កិច្ចព្រមព្រៀងនេះគឺរវាងអ្នកនិងអ្នកផលិតកម្មវិធី ဤသဘောတူညီချက်သည်သင်နှင့်ထုတ်လုပ်သူအကြားဖြစ်သည် "

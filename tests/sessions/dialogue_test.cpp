@@ -11,8 +11,8 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// An English agreement of the lines 1 to 30 on a screen of 300 columns, where every prompt is one line, and of 14
-/// lines, which leaves ten for text.
+/// An English agreement of the lines 1 to 30, on a screen of 300 columns, on which every prompt takes one line, and of
+/// 14 lines, of which ten are left for text.
 class Dialogue : public testing::Test {
 protected:
     void SetUp() override {
@@ -30,7 +30,7 @@ protected:
         return text + std::string(static_cast<std::size_t>(empty), '\n');
     }
 
-    /// A text of a catalogue as it is shown, without its last units.
+    /// A text of a catalogue as it is shown, without its last code units.
     static std::string shown(const icu::UnicodeString& text, int32_t cut = 0) {
         std::string bytes;
         const auto letters = text.unescape();
@@ -64,7 +64,7 @@ TEST_F(Dialogue, padsPagesExceptOnAScreenThatIsTooLowForAnyText) {
     const std::pair<const char*, std::string> rows[]{
         {"24", page(1, 20, 0) + prompt + "\n" + page(21, 30, 10) + endPrompt},
         {"44", page(1, 30, 10) + endPrompt + "\n" + endPrompt},
-        {"4", prompt + "\n" + prompt},  // a page of exactly no lines
+        {"4", prompt + "\n" + prompt},  // a page with room for no lines
         {"3", page(1, 30, 0) + endPrompt + "\n" + endPrompt},
         {"1", page(1, 30, 0) + endPrompt + "\n" + endPrompt},
     };
@@ -74,7 +74,7 @@ TEST_F(Dialogue, padsPagesExceptOnAScreenThatIsTooLowForAnyText) {
 TEST_F(Dialogue, asksOnTheLastScreenLineUnderEveryPage) {
     sandbox.write("licenses/LA_fr", utf16(numbered(30)));
     sandbox.write("licenses/LI_fr", "");
-    for (const char* language : {"en", "fr"}) {  // of the one the end prompt is the taller, of the other the other
+    for (const char* language : {"en", "fr"}) {  // in one the end prompt is longer, in the other not
         const auto out = answer("\n1\n", {{"COLUMNS", "60"}, {"LINES", "24"}, {"LC_ALL", language}}).out;
         const auto linesAbove = [&](std::size_t mark) { return std::ranges::count(out.substr(0, mark), '\n'); };
         EXPECT_EQ(linesAbove(out.find("[INPUT]")), 24 - 1);
@@ -150,7 +150,7 @@ TEST_F(Dialogue, speaksTheLettersOfEveryLanguage) {
     sandbox.write("licenses/non_vur_license", "");
     for (const auto& [name, englishName] : languages()) {
         const std::string code = name;
-        if (code == "en" || code == "zh_TW") continue;  // the one is shown above, the other is never shown
+        if (code == "en" || code == "zh_TW") continue;  // en is shown above, and zh_TW is never shown
         const auto texts = createResource(name, false);
         const auto out = answer("\n2\n2\n", {{"COLUMNS", "1000"}, {"LINES", "5"}, {"LC_ALL", code + ".UTF-8"}}).out;
         EXPECT_EQ(out, code + " agreement\n\n\n" + shown(texts->CLICONTMSG_KEY(), 2) + ", \"3\" " +

@@ -10,8 +10,8 @@ namespace zev::test {
 
 using testing::HasSubstr;
 
-/// Print commands of our own in the PATH; they note how they were called and keep what they were given. Where the
-/// document is to lie, something lies already, and the caller ignores the end of its children.
+/// Print commands of our own in the PATH; they log how they were called and keep what they were given. A file is
+/// already in the place of the document, and the caller ignores SIGCHLD.
 class Printing : public testing::Test {
 protected:
     Finished print(int lpExit, int lprExit, Environment environment = {}) {
@@ -64,7 +64,7 @@ TEST_F(Printing, showsAnAddressWhenNoCommandTakesTheDocument) {
 
 TEST(PrintDocument, doesNotReplaceADirectoryOfItsName) {
     const Sandbox sandbox;
-    // After a switch to English, in whose name it lies.
+    // After a switch to English, which is then in the name of the document.
     const Finished finished = run(sandbox.arguments({"-debug"}), {{"LC_ALL", "de_DE.UTF-8"}}, "5\n3\n1\n", [] {
         mkdir(("/tmp/zevdoc_" + std::to_string(getpid()) + "_en.text").c_str(), 0700);
     });

@@ -28,11 +28,11 @@ TEST(Streams, traceEchoAndLogAnAnswerInThisOrderBeforeAnythingElseHappens) {
                       answerFromPipe<'3', '1'>);
     terminal.waitFor("\nDEBUG: Got lpr return code : 32512\n0x");  // what is printed before a line of the trace ...
     terminal.waitFor("\nDEBUG: Error printing LA\n\n\n");          // ... stands before it
-    // The copy has no reader, so the run does not get to its end.
+    // Nobody reads the copy, so the run does not get to its end.
     terminal.waitFor("DEBUG: [INPUT] ==> 1\n[INPUT] ==> 1\n1\n");
 }
 
-/// The prompts of an input without answers would have no end.
+/// Without answers in its input, zev would repeat its prompt for ever.
 void limitOutput() {
     const rlimit limit{1 << 16, 1 << 16};
     setrlimit(RLIMIT_FSIZE, &limit);

@@ -24,8 +24,8 @@ namespace {
 
 constexpr int deadlineSeconds = 50;
 
-/// The command that is tested. ZEV_TEST_COMMAND, one word on each line, names another: a release, or one for another
-/// processor under an emulator.
+/// The command that is tested. ZEV_TEST_COMMAND, with one word on each line, names another one, such as a release, or
+/// an emulator and a release for another processor.
 Arguments testedCommand() {
     const char* command = std::getenv("ZEV_TEST_COMMAND");
     std::istringstream lines(command != nullptr ? command : ZEV_BINARY);
@@ -34,7 +34,7 @@ Arguments testedCommand() {
     return words;
 }
 
-/// What the suite itself was started with, under nohup or with another umask, is not for the command.
+/// Undoes what the command would inherit if the tests were started under nohup or with another umask.
 void takeDefaults() {
     for (int number = 1; number < NSIG; ++number) std::signal(number, SIG_DFL);
     sigset_t none;

@@ -25,7 +25,7 @@ std::vector<LanguageEntry> languages();
 /// UTF-16 as zev-licenses writes it: big-endian, after a byte order mark.
 std::string utf16(std::u16string_view text);
 
-/// A temporary directory for one test, with a complete licence set in `licenses`: of each language the agreement
+/// A temporary directory for one test, with a complete licence set in `licenses`: for each language the agreement
 /// "<code> agreement\n" and the information "<code> information\n".
 class Sandbox {
 public:
@@ -34,18 +34,18 @@ public:
     Sandbox(const Sandbox&) = delete;
     Sandbox& operator=(const Sandbox&) = delete;
 
-    /// The path of a name inside; the directory itself for none.
+    /// The path of a name inside; without a name, that of the directory itself.
     [[nodiscard]] std::string path(std::string_view name = "") const { return name.empty() ? root_ : root_ / name; }
     /// The arguments of a run on `licenses` and `status`.
     [[nodiscard]] Arguments arguments(const Arguments& more = {}) const {
         return joined({"-l", path("licenses"), "-s", path("status")}, more);
     }
     [[nodiscard]] bool has(std::string_view name) const { return std::filesystem::exists(path(name)); }
-    /// The bytes of a file; a text of its own when there is none.
+    /// The bytes of a file; a special text if there is none.
     [[nodiscard]] std::string read(std::string_view name) const;
     /// Writes a file and the directories it needs.
     void write(std::string_view name, std::string_view bytes) const;
-    /// Replaces a file by a symbolic link, such as one to /dev/full, which opens and cannot be written.
+    /// Replaces a file by a symbolic link, for example to /dev/full, which can be opened and not written.
     void link(std::string_view name, const std::string& target) const;
     void remove(std::string_view name) const { std::filesystem::remove_all(path(name)); }
 
@@ -54,12 +54,12 @@ private:
 };
 
 struct Finished {
-    int exitCode;  ///< minus the signal, when one ended the process
+    int exitCode;  ///< the negative number of the signal if one ended the process
     std::string out;
     std::string err;
 };
 
-/// What a process does to itself before it becomes the binary.
+/// What the new process does before it starts the binary.
 using Preparation = void (*)();
 inline void unprepared() {}
 
@@ -77,24 +77,24 @@ public:
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
-    /// Reads on until `text` has appeared; fails the test when it does not come in time.
+    /// Reads on until `text` has appeared; fails the test if it does not appear in time.
     void waitFor(const std::string& text);
-    /// Types a line when the process waits for something, as one does who has read what is shown.
+    /// Types a line when the process waits for input, like a user who has read what is shown.
     void type(const std::string& line);
     /// Types a line when `text` has appeared.
     void answer(const std::string& text, const std::string& line) {
         waitFor(text);
         type(line);
     }
-    /// What has appeared, and no one has waited for.
+    /// What has appeared after the text that was waited for last.
     [[nodiscard]] const std::string& screen() const { return unread_; }
     void raise(int signal) const;
     void hangUp();
-    /// How the terminal is set now.
+    /// The present modes of the terminal.
     [[nodiscard]] termios settings() const;
-    /// Waits for the end of the process; `out` is what no one waited for.
+    /// Waits for the end of the process; `out` is what appeared after the text that was waited for last.
     Finished finish();
-    /// The same while no one reads what is shown.
+    /// Does the same without reading what is shown.
     int finishUnread();
 
 private:
