@@ -19,7 +19,7 @@ enum class Takes { nothing, path, argument, optionalTraceFile };
 struct Option {
     std::string_view name;
     Takes takes;
-    /// Puts the argument, null where there is none, into effect. Null on success, else the trace line of the refusal.
+    /// Puts the argument, null if there is none, into effect. Null on success, otherwise the trace line of the refusal.
     const char* (*apply)(const char* argument);
 };
 

@@ -20,7 +20,7 @@ namespace {
 
 using Command = int (*)(int argc, char** argv);
 
-/// The names under which the file is something else than zev.
+/// The names under which the file is another command than zev.
 constexpr std::pair<std::string_view, Command> commands[]{
 #ifndef ZEV_ALONE
     {"zev-ask", zev::runAsk},
@@ -29,7 +29,7 @@ constexpr std::pair<std::string_view, Command> commands[]{
     {"zev", zev::runDriver},
 };
 
-/// The command of a path, by its last component; for any other name it is zev.
+/// The command for the last component of a path; for any other name it is zev.
 Command commandOf(std::string_view path) {
     const auto* command =
         std::ranges::find(commands, path.substr(path.rfind('/') + 1), &std::pair<std::string_view, Command>::first);

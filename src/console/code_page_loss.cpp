@@ -19,7 +19,8 @@ icu::LocalUConverterPointer openConverter(const std::string& name) {
     return icu::LocalUConverterPointer(ucnv_open(name.c_str(), &status));
 }
 
-/// Called by ICU for what the code page lacks, half characters included: counts it and writes nothing in its place.
+/// ICU calls this for each character that the code page lacks, unpaired surrogates included. It counts the character
+/// and writes nothing in its place.
 void U_CALLCONV countLost(const void* loss, UConverterFromUnicodeArgs*, const char16_t*, int32_t, UChar32 character,
                           UConverterCallbackReason reason, UErrorCode* status) {
     if (reason > UCNV_IRREGULAR) return;  // not a character, but a reset or the end

@@ -22,7 +22,7 @@ struct CodePageLoss {
 
 [[nodiscard]] bool isCodePage(const std::string& name);
 
-/// Converts a text as zev writes it to a terminal and to the copies. Nothing is lost where ICU does not know the name.
+/// Converts a text as zev writes it to a terminal and to the copies. Nothing is lost if ICU does not know the name.
 [[nodiscard]] CodePageLoss lossIn(const std::string& codePage, const icu::UnicodeString& text);
 
 }  // namespace zev

@@ -115,7 +115,7 @@ private:
     Page page_;
 };
 
-/// Loads and lays out the texts of the current language. Where `screens` stays null, the result is the exit status.
+/// Loads and lays out the texts of the current language. If `screens` stays null, the result is the exit status.
 int prepareScreens(LicenseDialog& dialog, std::unique_ptr<const Screens>& screens) {
     icu::UnicodeString license;
     if (!readLicenseText(dialog.context, license)) {

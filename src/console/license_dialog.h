@@ -23,11 +23,11 @@ struct LicenseDialog {
     icu::Locale englishLocale;
     const icu::Locale* currentLocale;  ///< one of the two above
     const ScreenSize size;
-    std::ofstream commandLog;  ///< open where answers are logged
+    std::ofstream commandLog;  ///< open if answers are logged
 };
 
-/// Switches between the chosen language and English; false, and nothing changes, when there is no alternative. Where
-/// the other language's licence is missing, the result is true all the same and the context keeps its language.
+/// Switches between the chosen language and English; false, and nothing changes, if there is no alternative. If the
+/// licence of the other language is missing, the result is true all the same and the context keeps its language.
 bool toggleLanguage(LicenseDialog& dialog);
 
 }  // namespace zev

@@ -42,7 +42,7 @@ int32_t columnsOf(char16_t unit, bool doubleWidth) { return doubleWidth && unit 
 
 std::unique_ptr<icu::BreakIterator> createLineIterator(const icu::Locale& locale) {
     UErrorCode status;
-    // ICU refuses some locales whose name is longer than it expects; their language has rules all the same.
+    // ICU refuses some locales with long names; then the rules are those of the language alone.
     for (const icu::Locale& candidate : {locale, icu::Locale(locale.getLanguage())}) {
         status = U_ZERO_ERROR;
         std::unique_ptr<icu::BreakIterator> iterator(icu::BreakIterator::createLineInstance(candidate, status));
@@ -84,7 +84,7 @@ private:
     int32_t begin_ = 0;  ///< of the part of the text that the iterator sees
 };
 
-/// An empty result with room for the lines of the text; null when memory is short.
+/// An empty result with room for the lines of the text; null if memory runs short.
 std::unique_ptr<TextLines> createLines(std::u16string_view text) {
     try {
         auto lines = std::make_unique<TextLines>();
@@ -96,8 +96,8 @@ std::unique_ptr<TextLines> createLines(std::u16string_view text) {
     }
 }
 
-/// Appends `text` from `begin` to `end`, both pinned to the text and an end before the begin taken for none. `block`
-/// numbers the three places that make lines, for the trace. False when memory is short.
+/// Appends `text` from `begin` to `end`. Both are limited to the text; if the end is before the begin, the line is
+/// empty. `block` numbers the three places that make lines, for the trace. False if memory runs short.
 bool addLine(TextLines& lines, std::u16string_view text, int32_t begin, int32_t end, int block) {
     const auto from = std::min(static_cast<std::size_t>(begin), text.size());
     const std::u16string_view line = text.substr(from, static_cast<std::size_t>(std::max(end - begin, 0)));
@@ -139,7 +139,7 @@ int32_t displayWidth(const LicenseDialog& dialog, const icu::UnicodeString& text
 }
 
 std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text, int32_t width) {
-    // Deliberately the dialogue's locale: after a switch that was refused it is not the context's, which widths follow.
+    // Deliberately the dialogue's locale: after a refused switch it differs from the context's, which decides widths.
     const icu::Locale& locale = *dialog.currentLocale;
     const auto iterator = createLineIterator(locale);
     if (!iterator) return nullptr;
@@ -148,7 +148,7 @@ std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::Uni
     if (!lines) return nullptr;
 
     const bool doubleWidth = hasDoubleWidth(dialog.context.locale);
-    // With its trace on, every step is taken.
+    // If breaking is traced, every step is taken.
     const bool maySkip = !runOptions.breakTextTrace && !hasKeywords(locale);
     Breaks breaks(*iterator, units);
     int32_t start = 0;

@@ -16,7 +16,7 @@ struct LicenseDialog;
 /// Display lines in order, each with an appended line feed.
 class TextLines {
 public:
-    /// Makes room for `units` code units of lines. Like `append`, throws std::bad_alloc when memory is short.
+    /// Makes room for `units` code units of lines. Like `append`, throws std::bad_alloc if memory runs short.
     void reserve(std::size_t units) { units_.reserve(units); }
 
     void append(std::u16string_view line) {
@@ -54,10 +54,10 @@ private:
 ///
 /// A piece between two breaks that alone is too wide is cut after exactly `width` code units, whatever stands there,
 /// even inside a surrogate pair. In the double-width languages such a cut may run past the next break, past a line feed
-/// or past the end of the text; where the next piece is too wide as well, an empty line follows and the text starts
-/// over from that break. All that is deliberate.
+/// or past the end of the text; if the next piece is too wide too, an empty line follows and the text starts over from
+/// that break. All that is deliberate.
 ///
-/// Takes time in proportion to text and result. Null on failure, an empty text included; the trace has the cause.
+/// Takes time in proportion to text and result. Null on failure and for an empty text; the trace has the cause.
 [[nodiscard]] std::unique_ptr<TextLines> breakText(const LicenseDialog& dialog, const icu::UnicodeString& text,
                                                    int32_t width);
 

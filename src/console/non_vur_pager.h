@@ -8,7 +8,7 @@ struct LicenseDialog;
 inline constexpr const char* morePrompt = "-- More, \"q\" to quit --";
 
 /// Pages through the other parties' terms, and on through blank pages, until an answer begins with "q" or "Q". False,
-/// and nothing is shown, when the terms cannot be had.
+/// and nothing is shown, if the terms cannot be read.
 [[nodiscard]] bool showNonVurTerms(LicenseDialog& dialog);
 
 }  // namespace zev

@@ -28,9 +28,9 @@ struct Prompt {
 /// What the dialogue shows in one language on a screen of one size.
 class Screens {
 public:
-    /// Lays out `license` and the prompts in the current language of the dialogue, for its screen. Null when one of
-    /// them cannot be broken into lines; the trace names it. Switches the language and back, to name the other one in
-    /// the prompt in its own words.
+    /// Lays out `license` and the prompts in the current language of the dialogue, for its screen. Null if one of
+    /// them cannot be broken into lines; the trace names it. Switches the language and back, so that the prompt has the
+    /// name of the other language in that language.
     [[nodiscard]] static std::unique_ptr<const Screens> layOut(LicenseDialog& dialog,
                                                                const icu::UnicodeString& license);
 
@@ -41,7 +41,7 @@ public:
 
     /// How many lines of text a page holds; see textLinesPerPage.
     [[nodiscard]] uint32_t pageLines() const { return pageLines_; }
-    /// How many pages the text fills; 0 where a page has no room for any text, so that it is never seen.
+    /// How many pages the text fills; 0 if a page has no room for any text, so that it is never seen.
     [[nodiscard]] std::size_t pageCount() const;
 
     [[nodiscard]] Page firstPage() const { return pageFrom(0); }

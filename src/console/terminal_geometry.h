@@ -6,7 +6,7 @@
 
 namespace zev {
 
-/// The screen of a terminal of which nothing is known, and the one for which texts are written and checked.
+/// The screen that is assumed if nothing is known of a terminal, and the one for which texts are written and checked.
 inline constexpr int32_t usualWidth = 80;   ///< columns
 inline constexpr int32_t usualHeight = 24;  ///< lines
 
@@ -18,7 +18,7 @@ struct ScreenSize {
 /// The lines that every page leaves free besides its text and its prompt.
 inline constexpr int32_t reservedLines = 3;
 
-/// The size of the terminal that a descriptor refers to. What its driver does not tell has the default value.
+/// The size of the terminal that a descriptor refers to. What the driver does not tell has the default value.
 [[nodiscard]] ScreenSize sizeOfTerminal(int descriptor);
 
 /// Measures the terminal on standard error; COLUMNS and LINES win over it. Writes the result to the file of `-dimout`.

@@ -35,8 +35,8 @@ fs::path placeOf(const std::string& path, std::error_code& error) {
 /// Where the new directory is made: hidden, beside the one that it replaces.
 std::string leftoverPrefix(const fs::path& path) { return "." + path.filename().string() + ".zev-licenses."; }
 
-/// Waits for a lock on an open directory, but not for ever: whoever can read a directory can hold it. False if there is
-/// none, as on file systems without locks.
+/// Waits for a lock on an open directory, but not for ever, because whoever can read a directory can hold it. False if
+/// it is not free in time, or if the file system has no locks.
 bool lock(int directory, std::chrono::milliseconds longest) {
     constexpr std::chrono::milliseconds step{50};
     const auto end = std::chrono::steady_clock::now() + longest;
@@ -61,8 +61,8 @@ void clearLeftovers(const fs::path& path) {
     }
 }
 
-/// Makes a directory that no other run has. The name of a leftover is passed over. Empty if it cannot be made; errno
-/// has the cause.
+/// Makes a directory that no other run has, with another name if a killed run left one of its name. Empty if it cannot
+/// be made; errno has the cause.
 fs::path makeBeside(const fs::path& path) {
     const fs::path prefix = path.parent_path() / (leftoverPrefix(path) + std::to_string(getpid()));
     constexpr int mostLeftovers = 100;
@@ -105,7 +105,7 @@ std::string fill(int made, const fs::path& directory, const fs::path& replaced, 
     return problem;
 }
 
-/// Moves the new directory to its place; where there was an old one, that is found in the place of the new one then.
+/// Moves the new directory to its place. If there was an old one, it is then in the place of the new one.
 std::string moveIntoPlace(const fs::path& made, const fs::path& path) {
     if (std::rename(made.c_str(), path.c_str()) == 0) return "";
     if (errno == EEXIST || errno == ENOTEMPTY) {
@@ -132,7 +132,7 @@ std::string replaceDirectory(const std::string& path, const DirectoryContent& co
     if (made.empty()) return failure(place.parent_path() / leftoverPrefix(place), "cannot be made");
     const Descriptor directory(open(made.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!directory.isOpen()) return failure(made, "cannot be opened");
-    // It tells who clears leftovers that this is none; who was faster takes it away.
+    // The lock shows other runs that this directory is in use. If one was faster, it removes the directory.
     if (!lock(directory.get(), {}) && errno == EWOULDBLOCK) return made.string() + ": taken away by another run";
     std::string problem = fill(directory.get(), made, place, content);
     if (problem.empty()) problem = moveIntoPlace(made, place);

@@ -9,10 +9,10 @@ namespace zev {
 /// Files by name and bytes.
 using DirectoryContent = std::vector<std::pair<std::string, std::string>>;
 
-/// Makes `path` a directory of exactly these files, or leaves it as it was: they are written into a new directory
-/// beside it, brought to the disk and exchanged with the old one, whose mode and group it gets, in one step. What is
-/// left of a run that was killed is cleared by the next, unless others hold a lock on the parent directory for ten
-/// seconds. Returns why it could not be done, or nothing.
+/// Makes `path` a directory of exactly these files, or leaves it as it was. The files are written to the disk in a new
+/// directory beside it, which gets the mode and the group of the old one and is exchanged with it in one step. The next
+/// run removes what a killed run left, unless others hold a lock on the parent directory for ten seconds. On failure
+/// returns the cause, on success an empty text.
 [[nodiscard]] std::string replaceDirectory(const std::string& path, const DirectoryContent& content);
 
 }  // namespace zev

@@ -31,7 +31,7 @@ struct RawEntry {
     char name[1];
 };
 
-/// Removes what it finds in one pass over a directory; whether that was anything.
+/// Removes what it finds in one pass over a directory. Returns whether it found anything.
 bool removeSomeIn(int directory) noexcept {
     alignas(RawEntry) char entries[4096];
     bool hasRemoved = false;

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// Files reached through the descriptor of their directory, whatever becomes of its path meanwhile. A link in the place
-/// of a name is never followed. On failure errno has the cause.
+/// Files that are reached through the descriptor of their directory, even if its path changes meanwhile. A symbolic
+/// link is never followed. On failure errno has the cause.
 namespace zev {
 
 /// Owns a file descriptor and closes it at its end; a negative one stands for none.
@@ -39,26 +39,26 @@ private:
 
 [[nodiscard]] Descriptor openDirectoryAt(int parent, const std::string& name);
 
-/// The names in a directory in the order of their bytes. False when it cannot be read.
+/// The names in a directory in the order of their bytes. False if it cannot be read.
 [[nodiscard]] bool listAt(int directory, std::vector<std::string>& names);
 
-/// Writes all of the bytes, however many calls that takes.
+/// Writes all of the bytes, with several calls if necessary.
 [[nodiscard]] bool writeAll(int file, std::string_view bytes);
 
-/// Creates a file that was not there, of mode 0644 whatever the umask, and writes it.
+/// Creates a file with mode 0644, whatever the umask is, and writes it. Fails if it is there already.
 [[nodiscard]] bool createFileAt(int directory, const std::string& name, std::string_view bytes);
 
-/// Brings a file or a directory to the disk. A file system that cannot do that for directories is no failure.
+/// Writes a file or a directory to the disk. It is no failure if the file system cannot do this for directories.
 [[nodiscard]] bool syncAt(int parent, const std::string& name);
 
-/// Removes a file, or a directory with all that is in it, as far as that can be done. Async-signal-safe.
+/// Removes a file, or a directory with everything in it, as far as that is possible. Async-signal-safe.
 void removeTreeAt(int parent, const char* name) noexcept;
 
-/// Removes an empty directory if it is the one of a descriptor, and not another that took its name. Async-signal-safe.
+/// Removes an empty directory if the descriptor is that of it, not of another that had its name. Async-signal-safe.
 void removeDirectoryAt(int parent, const char* name, int directory) noexcept;
 
-/// The names in a directory in the order of their bytes. False, and `problem` names the directory and says why, when it
-/// cannot be read.
+/// The names in a directory in the order of their bytes. False if it cannot be read; `problem` then names the directory
+/// and says why.
 [[nodiscard]] bool listDirectory(const std::string& directory, std::vector<std::string>& names, std::string& problem);
 
 }  // namespace zev

@@ -14,7 +14,7 @@ namespace zev {
 namespace {
 
 /// Hands the units of `file` up to the end of its text to `consume`, block by block, until `consume` returns false.
-/// False if the file could not be read to its end: ICU takes an error for the end, so the FILE that it reads is asked.
+/// False if the file could not be read to its end: ICU takes an error for the end, so the FILE is checked.
 template <class Consume>
 [[nodiscard]] bool forEachBlock(UFILE* file, Consume consume) {
     std::array<char16_t, 4096> block;
@@ -28,7 +28,8 @@ template <class Consume>
     return std::ferror(u_fgetfile(file)) == 0;
 }
 
-/// Whether the bytes of a text depend on how it is handed over: these converters look around within one call.
+/// Whether the bytes of a text depend on the pieces in which it is converted: these converters look back and ahead
+/// within one call.
 bool dependsOnCalls(const UConverter* converter) {
     const UConverterType type = ucnv_getType(converter);
     return type == UCNV_SCSU || type == UCNV_ISCII || (type >= UCNV_LMBCS_1 && type <= UCNV_LMBCS_LAST);

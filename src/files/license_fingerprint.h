@@ -10,12 +10,12 @@
 
 namespace zev {
 
-/// SHA-256, FIPS 180-4, of bytes that come piece by piece.
+/// SHA-256 (FIPS 180-4) of bytes that are added piece by piece.
 class Sha256 {
 public:
     Sha256() { SHA256Init(&context_); }
     void add(std::string_view bytes);
-    /// 64 hexadecimal digits in lower case; comes last.
+    /// 64 hexadecimal digits in lower case. Call it once, after all bytes were added.
     [[nodiscard]] std::string digits();
 
 private:
@@ -36,8 +36,8 @@ struct FileSum {
 /// languages, the information of each, the terms of other parties, the notices.
 [[nodiscard]] std::vector<std::string> licenseFileNames(int languageSet);
 
-/// The fingerprint of the files that are there of licenseFileNames(defaultLanguageSet), in that order: what
-/// `sha256sum FILE... | sha256sum` gives.
+/// The fingerprint of those files of licenseFileNames(defaultLanguageSet) that are there, in that order: the output of
+/// `sha256sum FILE... | sha256sum`.
 [[nodiscard]] std::string licenseFingerprint(std::span<const FileSum> files);
 
 }  // namespace zev

@@ -23,7 +23,7 @@ constexpr const char* prefixSeparator = "_";
 
 struct Source {
     std::string path;
-    const char* readError;  ///< the trace line when the file does not hold what was counted
+    const char* readError;  ///< the trace line if the file does not hold what was counted
     std::size_t count = 0;  ///< code units
 };
 

@@ -18,7 +18,7 @@ inline constexpr const char* noticesName = "notices";
 [[nodiscard]] std::string agreementPath(const RunContext& context, const std::string& code);
 [[nodiscard]] std::string informationPath(const RunContext& context, const std::string& code);
 
-/// Loads the agreement of the displayed language, followed by the information where that file exists, into `text`. A
+/// Loads the agreement of the displayed language, followed by the information if that file exists, into `text`. A
 /// U+0000 ends the text. On failure `text` is left alone and the trace has the cause.
 [[nodiscard]] bool readLicenseText(const RunContext& context, icu::UnicodeString& text);
 

@@ -17,7 +17,7 @@ File openStream(const std::string& path, int flags, mode_t mode) {
     return file;
 }
 
-/// Ends the file at its position; a device or a pipe, which has none, is left alone.
+/// Truncates the file at its position; a device or a pipe has none and is left alone.
 bool cut(int descriptor) {
     const off_t size = lseek(descriptor, 0, SEEK_CUR);
     if (size == -1) return errno == ESPIPE;

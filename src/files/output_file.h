@@ -11,31 +11,31 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-/// A file whose content is replaced in place. It is not emptied first, so that a reader, or whoever finds it after a
-/// kill, misses nothing of a content that did not change. When it is closed, it is cut after the last byte written. A
-/// link in its place is followed.
+/// A file whose content is replaced in place. It is not emptied first: if the content does not change, it is complete
+/// at every moment, even after a kill. When it is closed, it is truncated after the last byte written. A symbolic link
+/// in its place is followed.
 class ReplacedFile {
 public:
     /// Opens the file or creates it.
     explicit ReplacedFile(const std::string& path);
     ~ReplacedFile();
 
-    /// Null when the file could not be opened, or is closed.
+    /// Null if the file could not be opened, or is closed.
     [[nodiscard]] std::FILE* stream() const { return file_.get(); }
 
-    /// Whether all that was written has reached the file system; if not, errno has the cause.
+    /// Whether everything written has reached the file system; if not, errno has the cause.
     [[nodiscard]] bool flush();
 
-    /// Cuts the file after the last byte that reached it, and closes it. True when that is all that was written; if
-    /// not, errno has the cause.
+    /// Truncates the file after the last byte that reached it, and closes it. True if everything written has reached
+    /// it; if not, errno has the cause.
     bool close();
 
 private:
     File file_;
 };
 
-/// Creates a file that no other user can read or has opened. What lay in its place is removed; if that cannot be done,
-/// as with a directory, or if something takes its place at once, the result is null.
+/// Creates a file that no other user can read or has opened. What is in its place is removed first. Null if that is not
+/// possible, as with a directory, or if something takes its place at once.
 [[nodiscard]] File createPrivateFile(const std::string& path);
 
 }  // namespace zev

@@ -10,7 +10,7 @@ namespace zev {
 enum class Presence {
     readable,
     absent,  ///< not there, not to be read by this user, or not a file that can be opened, such as a socket
-    unknown  ///< the attempt itself failed, for want of descriptors or by a device error, and says nothing
+    unknown  ///< the attempt itself failed, from a lack of descriptors or a device error, and says nothing
 };
 
 /// Tries to open the file for reading.

@@ -28,7 +28,7 @@ FileContent problemOf(int error) {
 
 FileContent readRegularFile(const std::string& path) {
     struct stat status {};
-    // Asked before the file is opened, because opening a pipe or a device can block or have effects.
+    // Checked before the file is opened, because opening a pipe or a device can block or have effects.
     if (stat(path.c_str(), &status) != 0) return problemOf(errno);
     if (!S_ISREG(status.st_mode)) return problem("not a regular file");
     const auto tooLarge = [] {

@@ -6,7 +6,7 @@ namespace zev {
 
 struct FileContent {
     std::string bytes;
-    std::string problem;  ///< why the file could not be read, for the user; empty when it was
+    std::string problem;  ///< why the file could not be read, for the user; empty on success
 
     [[nodiscard]] bool good() const { return problem.empty(); }
 };

@@ -21,7 +21,7 @@ constexpr char commentMark = '#';
 
 std::string statusLine() { return "Status=" + std::to_string(exit_code::accepted); }
 
-/// The local date and time, in the names of the POSIX locale; empty where the time zone's own name leaves no room.
+/// The local date and time, with the names of the POSIX locale; empty if the name of the time zone leaves no room.
 std::string currentDate() {
     const std::time_t now = std::time(nullptr);
     std::array<char, 50> date;
@@ -42,7 +42,7 @@ bool writeStatusFile(const RunContext&, const std::string& path) {
         trace("Unable to open output file ", path);
         return false;
     }
-    // Without a buffer the content goes out in one write, of which no reader sees a part and which is not repeated.
+    // Without a buffer the content is written by one call, so that no reader sees a part of it.
     std::setvbuf(file.stream(), nullptr, _IONBF, 0);
     std::fputs(content.c_str(), file.stream());
     return file.close();
@@ -74,7 +74,7 @@ bool prepareStatusDirectory(const RunContext& context, int& exitCode) {
         exitCode = exit_code::noStatusDirectory;
         return false;
     }
-    // Deliberately not where the status file will lie, but one level above it.
+    // Deliberately not in the directory of the status file, but one level above it.
     const std::string probePath = joinPath(context.statusDir, statusFileName);
     const Presence presence = presenceOf(probePath);
     if (presence == Presence::readable) return true;

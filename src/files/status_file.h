@@ -10,7 +10,7 @@ struct RunContext;
 [[nodiscard]] std::string localStatusPath(const RunContext& context);
 [[nodiscard]] std::string masterStatusPath(const RunContext& context);
 
-/// Writes a status file. True when its last byte has reached the file system; the directory must exist. Like
+/// Writes a status file. True if its last byte has reached the file system; the directory must exist. Like
 /// `checkStatusFile` it deliberately takes the context, which it does not need: its callers hand one to every step.
 [[nodiscard]] bool writeStatusFile(const RunContext& context, const std::string& path);
 
@@ -18,7 +18,7 @@ struct RunContext;
 /// like every line before it, says that the agreement is accepted.
 [[nodiscard]] bool checkStatusFile(const RunContext& context, const std::string& path);
 
-/// Whether the local status file or else, in a group install, the master status file is valid.
+/// Whether the local status file or, in a group install, the master status file is valid.
 [[nodiscard]] bool checkAccepted(const RunContext& context);
 
 /// Creates the status directory and proves that a status file can be created in it. On failure `exitCode` holds the

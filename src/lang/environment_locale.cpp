@@ -36,7 +36,7 @@ LocaleValue parse(std::string_view value) {
         if (begin == std::string_view::npos) return std::string();
         return std::string(value.substr(begin + 1, value.find(stop, begin) - begin - 1));
     };
-    // Some terminals send a bare code set.
+    // Some terminals set a code set without a language.
     if (ucnv_compareNames(std::string(value).c_str(), "UTF-8") == 0) return {"", std::string(value), ""};
     return {std::string(value.substr(0, value.find_first_of(".@"))), between('.', '@'), between('@', '.')};
 }
@@ -67,7 +67,7 @@ icu::Locale localeOf(LocaleValue value) {
     return localeNamed(canonical.c_str());
 }
 
-/// The converter is null where ICU does not know the name.
+/// The converter is null if ICU does not know the name.
 CodePage openCodePage(const std::string& name) {
     UErrorCode status = U_ZERO_ERROR;
     return {name, icu::LocalUConverterPointer(ucnv_open(name.c_str(), &status))};

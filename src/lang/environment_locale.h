@@ -11,7 +11,7 @@
 /// so both are settled here, as POSIX has it: by the first of LC_ALL, LC_CTYPE and LANG that is set and not empty.
 namespace zev {
 
-/// The value of the first of those variables, empty where none is set.
+/// The value of the first of those variables, empty if none is set.
 [[nodiscard]] std::string environmentLocale();
 
 /// Makes the locale of a value, such as "pt_BR.UTF-8", ICU's default, and its code set the code page of the process. A
@@ -19,14 +19,14 @@ namespace zev {
 /// has no data but its own.
 void adoptLocale(const std::string& value);
 
-/// The same for the value that the environment has.
+/// Does the same with the value of the environment.
 void adoptEnvironmentLocale();
 
-/// The locale of a name. Of one that is longer than ICU's buffers, which some releases of ICU refuse, only the language
-/// is sure to be there.
+/// The locale of a name. Some releases of ICU refuse a name that is longer than their buffers: the result then has at
+/// least its language.
 [[nodiscard]] icu::Locale localeNamed(const std::string& name);
 
-/// The ICU converter name of the process's code page: the code set of the locale, "US-ASCII" where the locale names
+/// The ICU converter name of the process's code page: the code set of the locale, or "US-ASCII" if the locale names
 /// none or one that ICU does not know.
 [[nodiscard]] const char* codePageName();
 

@@ -12,14 +12,13 @@ struct LanguageEntry {
     const char* englishName;  ///< the base name of the licence copy
 };
 
-/// The languages of a set, in the order that matching and recording follow; none when there is no such set.
+/// The languages of a set, in the order of matching and recording; none if there is no such set.
 [[nodiscard]] std::span<const LanguageEntry> languagesOfSet(int languageSet);
 
-/// How many languages the context's set has; none when there is no such set.
+/// How many languages the context's set has; 0 if there is no such set.
 [[nodiscard]] unsigned languageCount(const RunContext& context);
 
-/// The languages of the set from index 0 upwards, in the order that matching and recording follow; null after the
-/// last.
+/// The language of the set with an index from 0 upwards, in the order of matching and recording; null after the last.
 [[nodiscard]] const LanguageEntry* languageEntry(const RunContext& context, unsigned index);
 
 /// The first code of the active set with which `language` begins, or null. Deliberately "zh" for "zh_TW" too: the

@@ -13,7 +13,7 @@ namespace zev {
 
 namespace {
 
-/// The catalogue of a language of the active set; null when the set does not support the language.
+/// The catalogue of a language of the active set; null if the set does not support the language.
 std::unique_ptr<Resource> catalogueFor(const RunContext& context, const char* language) {
     const char* code = matchLanguage(context, language);
     return code != nullptr ? createResource(code, false) : nullptr;

@@ -9,11 +9,11 @@
 
 namespace zev {
 
-/// The context of a run, in the language of ICU's default locale where the set supports it, else in English. Whether
-/// licence files exist does not matter here. `resource` is not null, now or later.
+/// The context of a run, in the language of ICU's default locale if the set supports it, otherwise in English. Whether
+/// licence files exist does not matter here. `resource` is never null.
 [[nodiscard]] RunContext createRunContext(std::string licensePath, std::string statusPath, int languageSet);
 
-/// Makes `newLocale` the display locale, with the catalogue of its language. False, and nothing changes, when the set
+/// Makes `newLocale` the display locale, with the catalogue of its language. False, and nothing changes, if the set
 /// does not support the language or its licence files are missing.
 [[nodiscard]] bool setLocale(RunContext& context, const icu::Locale& newLocale);
 

@@ -66,7 +66,7 @@ constexpr Maker makers[]{
 }  // namespace
 
 std::unique_ptr<Resource> createResource(const char* code, bool useDefault) {
-    // From the last: "zh_TW" is found before its prefix "zh".
+    // Begins with the last, so that "zh_TW" is found before its prefix "zh".
     const auto maker = std::find_if(std::rbegin(makers), std::rend(makers), [&](const Maker& candidate) {
         return std::string_view(code).starts_with(candidate.code);
     });
