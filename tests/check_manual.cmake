@@ -1,4 +1,4 @@
-# Fails where the code, the README, the manuals, the completions and the glossary of ROOT name different options, exit
+# Fails if the code, the README, the manuals, the completions and the glossary of ROOT name different options, exit
 # codes, fields, kinds of findings or languages.
 
 # Sets `result` to the sorted words that the group of `pattern` matches, in those parts of `file` that match `part`. `file` can be

@@ -66,7 +66,7 @@ void declare(CLI::App& app, AskCall& call) {
     app.add_option("-v", call.version, "Its version, such as 2.0")->transform(CLI::Validator(takeText, "VERSION"));
     app.add_option("-l", call.licenses, "Licence directory")->type_name("LICENSES");
     app.add_option("-s", call.state, "State directory, which receives the record")->type_name("STATE");
-    app.add_option("-m", call.master, "State directory of a group")->type_name("MASTER");
+    app.add_option("-m", call.master, "Master directory, the records of a group")->type_name("MASTER");
     app.add_option("--accept", call.accept, "Accept the terms with this fingerprint, or \"any\", without a dialogue")
         ->transform(CLI::Validator(takeAcceptance, "FINGERPRINT"));
     app.add_option("--expect", call.expected, "Refuse other terms than those with this fingerprint")
