@@ -1,5 +1,5 @@
 #!/bin/sh
-# install.sh                        asks for the terms of acme on the terminal and then installs it
+# install.sh                        asks on the terminal to accept the terms of acme, and then installs it
 # install.sh --accept FINGERPRINT   the same without a dialogue, for terms that were read elsewhere
 # install.sh --show                 prints the terms
 # install.sh --fingerprint          prints their fingerprint

@@ -177,8 +177,7 @@ private:
     /// Makes the private directory for the terms and the record, and makes it the working directory.
     std::string enterScratch() {
         if (scratch_.directory.isOpen()) return "";
-        // Another run that declined can remove a state directory that it made at the moment at which this one enters
-        // it.
+        // Another run that declined can remove a state directory that it made just as this one enters it.
         constexpr int attempts = 5;
         for (int attempt = 0; attempt < attempts && !scratch_.directory.isOpen(); ++attempt) {
             if (std::string problem = state_.create(); !problem.empty()) return problem;

@@ -101,7 +101,7 @@ void declare(CLI::App& app, AuditCall& call) {
     addLanguageSet(app, call.languageSet);
     app.add_flag("--version", call.showsVersion, "Print the version");
     app.add_option("STATE", call.states, "State directories; without one, the default of this user");
-    app.footer("Exit status: 0 every record is ok, 1 another is not or is missing, 2 error.");
+    app.footer("Exit status: 0 every row is ok, 1 a row is not, 2 error.");
 }
 
 /// Refuses empty values, such as "$unset" in a shell: the option would count as not given.
@@ -160,8 +160,7 @@ bool isBareAssent(const std::string& accept) {
 
 std::optional<AskCall> readAskCall(int argc, char** argv, int& status) {
     AskCall call;
-    CLI::App app("Asks a user to accept the terms of a product, once for each version of the text, and records it.",
-                 "zev-ask");
+    CLI::App app("Asks a user to accept the terms of a product, once for each text, and records who did.", "zev-ask");
     declare(app, call);
     const bool isRead = parse(app, argc, argv, ask_status::failed, status, [&] {
         requireOptions(app, call.action);

@@ -142,7 +142,7 @@ std::string Store::openProductDirectory(Descriptor& product) const {
 }
 
 std::string Store::move(int scratch, const std::string& name, const std::string& fingerprint) {
-    // Another run that declined can remove a directory that it made at the moment at which this one enters it.
+    // Another run that declined can remove a directory that it made just as this one enters it.
     constexpr int attempts = 5;
     std::string problem;
     for (int attempt = 0; attempt < attempts; ++attempt) {

@@ -176,7 +176,7 @@ bool isTrustedOwner(uid_t owner) { return owner == 0 || owner == geteuid() || is
 TrustedDirectory openTrusted(const std::string& path, DirectoryUse use) { return Walk(path, use, false).run(); }
 
 TrustedDirectory makeTrusted(const std::string& path, DirectoryUse use) {
-    // Another run that declined can remove a directory that it made at the moment at which this one enters it.
+    // Another run that declined can remove a directory that it made just as this one enters it.
     constexpr int attempts = 5;
     TrustedDirectory directory;
     for (int attempt = 0; attempt < attempts; ++attempt) {
