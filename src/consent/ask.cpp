@@ -82,7 +82,7 @@ private:
 
     [[nodiscard]] std::string unusable(const Store& store, const Record& record) const {
         return recordPath(store) + " is not a whole record (" + printableText(record.flaw) +
-               "): examine it with zev-audit, then move it away.";
+               "): look into it with zev-audit, and move it away.";
     }
 
     void report(const std::string& how) const {
@@ -134,7 +134,7 @@ private:
     }
 
     [[nodiscard]] int nobody(const std::string& why) const {
-        return sayWhatToDo("nobody can be asked to accept the terms of " + subject() + ": " + why + ".");
+        return sayWhatToDo("nobody can be asked for the terms of " + subject() + ": " + why + ".");
     }
 
     [[nodiscard]] int sayWhatToDo(const std::string& problem) const {

@@ -77,7 +77,7 @@ TEST_F(Ask, acceptsBeforehandOnlyWhatNamesTheText) {
     std::ranges::transform(capitals, capitals.begin(),
                            [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     const std::tuple<std::string, int, std::string> rows[]{
-        {"", 2, "nobody can be asked to accept the terms of rocket 2.0: there is no terminal.\n"},
+        {"", 2, "nobody can be asked for the terms of rocket 2.0: there is no terminal.\n"},
         {"yes", 2, "\"yes\" does not say which text is accepted, and the terms of rocket 2.0 can change.\n"},
         {"1", 2, "\"1\" does not say"},
         {"true", 2, "\"true\" does not say"},

@@ -59,7 +59,7 @@ TEST_F(AskRecord, isJudgedBeforeAnythingIsShownAndAsTheAuditDoes) {
         const Finished finished = accept();
         EXPECT_EQ(finished.exitCode, 3) << fault;
         EXPECT_THAT(finished.err, AllOf(HasSubstr(own + " is not a whole record ("), HasSubstr(says),
-                                        EndsWith("examine it with zev-audit, then move it away.\n")))
+                                        EndsWith("look into it with zev-audit, and move it away.\n")))
             << fault;
         const Finished audited = audit({sandbox.path("state")});
         EXPECT_EQ(audited.exitCode, 1) << fault;
