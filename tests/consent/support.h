@@ -59,7 +59,7 @@ protected:
     /// A shell in the sandbox, in which "$@" asks, "$AUDIT" is zev-audit and `more` is set.
     [[nodiscard]] Arguments scriptOf(const std::string& text, const Arguments& more = {}) const {
         return joined(
-            {"-c", "cd '" + sandbox.path() + "' || exit\nAUDIT=" + auditProgram + "\n" + text, "script", askProgram},
+            {"-c", "cd '" + sandbox.path() + "' || exit\nAUDIT='" + auditProgram + "'\n" + text, "script", askProgram},
             asking(more));
     }
     [[nodiscard]] Finished script(const std::string& text, const Arguments& more = {}) const {
