@@ -144,6 +144,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         {"/state", 01777, 0, 0, asStranger, "your records would not count there"},
         {"/state", 0777, 0, 0, withoutTerminal, "state is not safe"},
         {"/state", 0775, 0, stranger, withoutTerminal, "state is not safe"},
+        {"/state/rocket", 0775, 0, stranger, withoutTerminal, "a group other than that of root can write to it"},
     };
     for (const auto& [name, mode, user, group, prepare, says] : rows) {
         sandbox.remove("above");
@@ -153,7 +154,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         const Finished finished = accept({"-s", sandbox.path("above/state")}, prepare);
         EXPECT_EQ(finished.exitCode, *says == '\0' ? 0 : 3) << says << mode << finished.err;
         EXPECT_THAT(finished.err, HasSubstr(says));
-        EXPECT_EQ(sandbox.has("above/state/rocket"), *says == '\0') << says << mode;
+        EXPECT_EQ(sandbox.has("above/state/rocket/" + terms()), *says == '\0') << says << mode;
     }
     sandbox.remove("above");
     sandbox.write("above/real/file", "");
