@@ -32,12 +32,10 @@ link_unit(consent tools
 executable(zev "driver;consent" app/main)
 
 link_unit(authoring tools
-  authoring/authoring_command_line authoring/character_checks
-  authoring/commands authoring/double_encoding
-  authoring/finding authoring/html authoring/language_guess
-  authoring/language_models authoring/language_profile authoring/preview_command
-  authoring/preview_page authoring/set_builder authoring/set_checks authoring/set_files
-  authoring/shown_language authoring/text_checks authoring/text_encoding)
+  authoring/authoring_command_line authoring/character_checks authoring/commands authoring/finding authoring/html
+  authoring/language_profile authoring/leftovers authoring/line_checks authoring/preview_command authoring/preview_page
+  authoring/set_builder authoring/set_checks authoring/set_files authoring/shown_language authoring/text_checks
+  authoring/text_comparison authoring/text_encoding authoring/text_facts)
 
 executable(zev-licenses authoring authoring/main)
 

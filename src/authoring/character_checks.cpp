@@ -1,13 +1,16 @@
 #include "authoring/character_checks.h"
 
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
+#include <unicode/uscript.h>
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string_view>
 
-#include "authoring/double_encoding.h"
-#include "console/terminal_columns.h"
+#include "authoring/text_encoding.h"
+#include "console/code_page_loss.h"
 
 namespace zev {
 
@@ -53,19 +56,13 @@ constexpr CharacterRule unassignedRule{
 
 constexpr CharacterRule invisibleRule{"invisible", warning, "invisible character", "counted and not shown", {}};
 
-constexpr CharacterRule wideRule{"wide-character",
-                                 warning,
-                                 "wide character",
-                                 "counted as one column and shown as two, so its line may overflow",
-                                 {}};
-
 struct Sighting {
     const CharacterRule* rule = nullptr;
     int32_t offset = 0;  ///< of the first
     std::size_t count = 0;
 };
 
-const CharacterRule* ruleOf(UChar32 character, bool countsOneColumn) {
+const CharacterRule* ruleOf(UChar32 character) {
     if (character == u'\n' || character == u'\r' || (character >= u' ' && character <= u'~')) return nullptr;
     for (const CharacterRule& rule : rules) {
         for (std::size_t i = 0; i < rule.ranges.size(); i += 2) {
@@ -74,74 +71,143 @@ const CharacterRule* ruleOf(UChar32 character, bool countsOneColumn) {
     }
     if ((U_GET_GC_MASK(character) & (U_GC_CN_MASK | U_GC_CO_MASK)) != 0) return &unassignedRule;
     if (u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT)) return &invisibleRule;
-    return countsOneColumn && terminalColumns(character) == 2 ? &wideRule : nullptr;
+    return nullptr;
 }
 
-std::string countedName(const std::string& name, std::size_t count) {
-    return count > 1 ? name + " (x" + std::to_string(count) + ")" : name;
-}
-
-/// Carriage returns: those of line ends, whose lines nobody wants listed, and others.
-Findings checkCarriageReturns(const NamedFile& file, const icu::UnicodeString& text) {
-    std::size_t atLineEnds = 0, elsewhere = 0;
-    int32_t first = 0;
-    for (int32_t i = 0; i < text.length(); ++i) {
-        if (text[i] != u'\r') continue;
-        if (text.charAt(i + 1) == u'\n') {
-            ++atLineEnds;
-        } else if (elsewhere++ == 0) {
-            first = i;
-        }
-    }
-    Findings findings;
-    if (atLineEnds > 0) {
-        findings.push_back({file,
-                            {},
-                            warning,
-                            "cr-lf",
-                            "CR LF line ends (x" + std::to_string(atLineEnds) + "); the copies get them too"});
-    }
-    if (elsewhere > 0) {
-        findings.push_back(
-            {file, positionAt(text, first), warning, "carriage-return",
-             countedName("CR in a line", elsewhere) + ": what follows is shown over what stands before"});
-    }
-    return findings;
-}
-
-Findings checkDoubleEncoding(const NamedFile& file, const icu::UnicodeString& text, const LanguageProfile* language) {
-    const DoubleEncoding found = findDoubleEncoding(text, language);
-    if (found.lines == 0) return {};
-    const std::string name = std::string("UTF-8 that was read as ") + found.codePage + " and encoded again";
-    return {
-        {file, {found.firstLine, 1}, error, "double-encoding", countedName(name, found.lines) + ": zev shows it so"}};
-}
-
-}  // namespace
-
-Findings checkCharacters(const NamedFile& file, const icu::UnicodeString& text, const LanguageProfile* language,
-                         Readers readers) {
-    const bool countsOneColumn = language != nullptr && !language->doubleWidth;
+/// Those of the table, one by one.
+Findings checkEachCharacter(const SetText& text) {
+    const bool isOnlyCopied = text.file.kind == TextKind::notices;
     std::vector<Sighting> sightings;
-    int32_t next = 0;
-    for (int32_t i = 0; i < text.length(); i = next) {
-        const UChar32 character = text.char32At(i);
+    for (int32_t i = 0, next; i < text.text.length(); i = next) {
+        const UChar32 character = text.text.char32At(i);
         next = i + U16_LENGTH(character);
-        const CharacterRule* rule = ruleOf(character, countsOneColumn);
-        if (rule == nullptr || (readers == Readers::ofCopy && rule->severity == warning)) continue;
+        const CharacterRule* rule = ruleOf(character);
+        if (rule == nullptr || (isOnlyCopied && rule->severity == Severity::warning)) continue;
         auto known = std::ranges::find(sightings, rule, &Sighting::rule);
         if (known == sightings.end()) known = sightings.insert(known, {rule, i, 0});
         ++known->count;
     }
-
-    Findings findings = checkCarriageReturns(file, text);
-    std::ranges::move(checkDoubleEncoding(file, text, language), std::back_inserter(findings));
+    Findings findings;
     for (const auto& [rule, first, count] : sightings) {
-        findings.push_back({file, positionAt(text, first), rule->severity, rule->kind,
-                            countedName(rule->name, count) + ": " + rule->effect});
+        findings.push_back(
+            text.findingAt(first, rule->severity, rule->kind, countedName(rule->name, count) + ": " + rule->effect));
     }
-    std::ranges::stable_sort(findings, {}, &Finding::position);
     return findings;
+}
+
+Findings checkDoubleEncoding(const SetText& text) {
+    const DoubleEncoding found = findDoubleEncoding(text.text, text.file.language);
+    if (found.lines == 0) return {};
+    const std::string name = std::string("UTF-8 that was read as ") + found.codePage + " and encoded again";
+    // A single line can be meant.
+    return {text.findingAt(found.first, found.lines == 1 ? Severity::warning : Severity::error, "double-encoding",
+                           countedName(name, found.lines) + ": zev shows it so")};
+}
+
+// Names of people and products from other languages have a few such letters. In a text that was read in a wrong code
+// page they take the places of the language's own accented letters, of which each language has more than one in a
+// hundred.
+constexpr std::size_t leastForeignLetters = 20;
+constexpr std::size_t leastShareOfForeign = 200;  ///< one in so many letters
+
+/// Latin letters, and the signs that windows-1252 has for the bytes of letters in windows-1250.
+bool canBeForeign(UChar32 character) {
+    constexpr std::u16string_view signs = u"\u00AF\u00B3\u00B9\u00BF";
+    UErrorCode status = U_ZERO_ERROR;
+    return uscript_getScript(character, &status) == USCRIPT_LATIN ||
+           (character <= 0xFF && signs.find(static_cast<char16_t>(character)) != signs.npos);
+}
+
+/// Whether a word has Latin letters and others that look like them. Units such as "\u03BCm" and "k\u03A9" are none.
+bool mixesScripts(const icu::UnicodeString& word) {
+    constexpr std::u16string_view units = u"\u03BC\u03A9";
+    bool isLatin = false, isOther = false;
+    for (int32_t i = 0; i < word.length(); ++i) {
+        UErrorCode status = U_ZERO_ERROR;
+        const UScriptCode script = uscript_getScript(word[i], &status);
+        isLatin = isLatin || script == USCRIPT_LATIN;
+        isOther =
+            isOther || script == USCRIPT_CYRILLIC || (script == USCRIPT_GREEK && units.find(word[i]) == units.npos);
+    }
+    return isLatin && isOther;
+}
+
+Findings checkHomoglyphs(const SetText& text) {
+    const icu::UnicodeString& units = text.text;
+    std::size_t count = 0;
+    int32_t first = 0;
+    icu::UnicodeString sample;
+    for (int32_t begin = 0, end; begin < units.length(); begin = end + 1) {
+        for (end = begin; end < units.length() && u_isalpha(units[end]);) ++end;
+        const icu::UnicodeString word = units.tempSubStringBetween(begin, end);
+        if (!mixesScripts(word) || count++ > 0) continue;
+        first = begin;
+        sample = word;
+    }
+    if (count == 0) return {};
+    std::string bytes;
+    return {text.findingAt(first, Severity::warning, "homoglyph",
+                           countedName("word with letters of two scripts", count) + ", such as \"" +
+                               sample.toUTF8String(bytes) + "\": it looks right and is not found by a search")};
+}
+
+constexpr char16_t firstCombining = 0x300;
+
+/// Letters and their accents where Unicode has both in one.
+Findings checkDecomposed(const SetText& text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* const composed = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status)) return {};
+    const icu::UnicodeString& units = text.text;
+    std::size_t count = 0;
+    int32_t first = 0;
+    for (int32_t i = 1; i < units.length(); ++i) {
+        if (units[i] < firstCombining || !u_isalpha(units[i - 1])) continue;
+        if (composed->composePair(units[i - 1], units[i]) < 0) continue;
+        if (count++ == 0) first = i - 1;
+    }
+    if (count == 0) return {};
+    return {text.findingAt(first, Severity::warning, "decomposed",
+                           countedName("letter with its accent apart", count) +
+                               ": counted as two columns and shown as one. Convert the text to NFC")};
+}
+
+}  // namespace
+
+Findings checkCharacters(const SetText& text) {
+    Findings findings = checkEachCharacter(text);
+    const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
+    add(checkDoubleEncoding(text));
+    if (text.file.kind == TextKind::notices) return findings;
+    add(checkHomoglyphs(text));
+    add(checkDecomposed(text));
+    return findings;
+}
+
+Findings checkForeignLetters(const SetText& text) {
+    if (text.file.language == nullptr) return {};
+    std::optional<CodePageLoss> foreign;
+    for (const char* codePage : text.file.language->codePages) {
+        const CodePageLoss lost = lossIn(codePage, text.text);
+        if (!foreign) foreign = lost;
+        std::erase_if(foreign->characters, [&](const auto& entry) {
+            return !lost.characters.contains(entry.first) || !canBeForeign(entry.first);
+        });
+    }
+    const std::size_t count = foreign->count();
+    if (count < leastForeignLetters) return {};
+    std::size_t letters = 0;
+    int32_t first = -1;
+    for (int32_t i = 0, next; i < text.text.length(); i = next) {
+        const UChar32 character = text.text.char32At(i);
+        next = i + U16_LENGTH(character);
+        if (u_isalpha(character)) ++letters;
+        if (first < 0 && foreign->characters.contains(character)) first = i;
+    }
+    if (leastShareOfForeign * count <= letters) return {};
+    return {text.findingAt(first, Severity::warning, "foreign-letters",
+                           countedName("letters that no code page of the language has", count) + ": " +
+                               foreign->list() + "; was the text read in the wrong code page?")};
 }
 
 }  // namespace zev

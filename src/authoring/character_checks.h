@@ -1,18 +1,16 @@
 #pragma once
 
-#include <unicode/unistr.h>
-
 #include "authoring/finding.h"
-#include "authoring/language_profile.h"
+#include "authoring/set_files.h"
 
 namespace zev {
 
-/// Who meets the text of a file: whoever reads the screen, and then its copy, or only whoever opens the copy.
-enum class Readers { ofScreenAndCopy, ofCopy };
+/// Finds the characters that do harm, alone or in their word: one finding a kind, where the first stands. Of `notices`,
+/// which are copied and never shown, only what harms the copy is a finding.
+[[nodiscard]] Findings checkCharacters(const SetText& text);
 
-/// Finds the characters that do harm: one finding a kind, where the first stands. `language` is null for the files
-/// that serve all languages.
-[[nodiscard]] Findings checkCharacters(const NamedFile& file, const icu::UnicodeString& text,
-                                       const LanguageProfile* language, Readers readers);
+/// Finds Latin letters that are in no code page of the language, if they are so many that the text must have been read
+/// in a wrong one.
+[[nodiscard]] Findings checkForeignLetters(const SetText& text);
 
 }  // namespace zev

@@ -140,6 +140,10 @@ std::string counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
+std::string countedName(const std::string& name, std::size_t count) {
+    return count > 1 ? name + " (x" + std::to_string(count) + ")" : name;
+}
+
 std::string printable(const std::string& text) {
     icu::UnicodeString shown = icu::UnicodeString::fromUTF8(text);
     for (int32_t i = 0; i < shown.length(); ++i) {

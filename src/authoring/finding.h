@@ -78,6 +78,9 @@ void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptanc
 /// "1 error", "2 errors".
 [[nodiscard]] std::string counted(std::size_t count, const std::string& noun);
 
+/// "soft hyphen", "soft hyphen (x2)".
+[[nodiscard]] std::string countedName(const std::string& name, std::size_t count);
+
 /// A name or text from outside in one line of UTF-8: control characters and what is not UTF-8 become U+FFFD.
 [[nodiscard]] std::string printable(const std::string& text);
 

@@ -1,13 +1,22 @@
 #include "authoring/language_profile.h"
 
+#include <sys/mman.h>
 #include <unicode/uchar.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <memory>
 
+#include "console/code_page_loss.h"
 #include "console/terminal_columns.h"
 #include "lang/languages.h"
+
+extern "C" {
+#include <libexttextcat/common.h>
+#include <libexttextcat/fingerprint.h>
+}
 
 namespace zev {
 
@@ -60,7 +69,82 @@ constexpr const LanguageProfile* findProfile(std::string_view code) {
 ZEV_LANGUAGES(HAS_PROFILE)
 #undef HAS_PROFILE
 
+/// The words that any text in a language of Latin script is full of, whatever it is about.
+constexpr struct {
+    std::string_view code;
+    std::u16string_view words;
+} functionWords[]{
+    {"cs", u"a aby ani být či do i jako je jeho jejich její jsou k každý které který ke li na nad ne nebo není o od po "
+           u"pod podle pokud pro při s se si své svého ta tak také takové této těchto tím to tohoto tomto tyto u v "
+           u"vaše ve vy z za ze že"},
+    {"de", u"als auch auf aus bei bis das dass dem den der des die diese dieser dieses durch ein eine einem einen "
+           u"einer eines er es für hat haben ihnen ihre ihrer im in ist kann können mit nach nicht oder sein sich sie "
+           u"sind so soweit und unter vom von vor werden wie wird zu zum zur über"},
+    {"en",
+     u"a all an and any are as at be been but by do for from has have if in into is it its may no not of on or other "
+     u"shall such than that the their these they this those to under was were which will with without you your"},
+    {"es", u"a al como con cualquier de del e el ella en es esta este esté están ha la las le lo los más ni no o para "
+           u"pero por que se según ser si sin sobre son su sus también u un una usted y"},
+    {"fr",
+     u"a au aucun aux avec ce ces cette d dans de des du elle en est et il ils l la le les leur lui n ne ni non ou par "
+     u"pas peut plus pour qu que qui s sa sans se ses son sont sous sur tout toute un une vos votre vous à être"},
+    {"it",
+     u"a ad ai al alla alle anche che chi come con da dal dalla degli dei del della delle di e ed essere gli i il in l "
+     u"la le lo ma nel nella non o ogni per più qualsiasi quale se si sia sono su sul tale tra un una uno è"},
+    {"lt",
+     u"ar arba apie bei be bet būti dėl iki ir iš į jei jeigu jo jos jų jūs jūsų kad kai kaip kiti kuri kurie kurio "
+     u"kurios kuris ne nei nėra nuo o pagal per po prie šį ši šią šio šios šis su ta tai tais tam to už visi yra"},
+    {"pl", u"a aby albo ale ani bez być dla do i ich innych jak jako jego jej jest jeśli jeżeli każdy lub ma może na "
+           u"nad nie niniejszej niniejszego o od oraz po pod przez przy są się tego tej ten to tych tylko tym u w we z "
+           u"za ze że której który która które którego"},
+    {"pt",
+     u"a ao aos as com como da das de do dos e em entre esta este está for mais na nas nem no nos não o os ou para "
+     u"pela pelas pelo por qualquer quando que se sem ser seu seus sob sobre sua suas são também um uma você à às é"},
+    {"sl", u"ali ampak bi bo brez če da do in iz je jih k ki ko kot lahko med na ne ni o ob od oziroma po pod pri s se "
+           u"si so ta te tega tem ter to v vaš vaše več vi vse za z že"},
+    {"tr", u"ancak ama bir bu bunlar da daha de değil diğer en gibi hangi hem her herhangi hiçbir için ile ise kadar "
+           u"ki kendi mi ne olan olarak olduğu ona onun sadece siz size sizin tarafından tüm üzere var ve veya ya"},
+};
+
 constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; Han alone is Chinese
+constexpr int64_t leastShareOfSome = 10;      ///< one in so many columns; a text that names many products has more
+
+constexpr int letterGroups = 400;      ///< that the library's models hold
+constexpr int32_t shortestText = 400;  ///< code units; below, the comparison is a toss-up
+constexpr double clearly = 1.05;       ///< times as far from the one language as from the other
+constexpr int noLimit = 1 << 30;       ///< of a comparison that is not to be given up early
+
+using Fingerprint = std::unique_ptr<void, decltype([](void* fingerprint) { fp_Done(fingerprint); })>;
+
+Fingerprint newFingerprint(const char* name) {
+    Fingerprint fingerprint(fp_Init(name));
+    fp_SetProperty(fingerprint.get(), TCPROP_UTF8AWARE, TC_TRUE);
+    return fingerprint;
+}
+
+/// The library reads its models from files, so each goes through one that has no name on disk. Null on failure.
+Fingerprint readModel(const LanguageModel& model) {
+    const int file = memfd_create(model.code, MFD_CLOEXEC);
+    if (file < 0) return nullptr;
+    Fingerprint fingerprint = newFingerprint(model.code);
+    const std::string path = "/proc/self/fd/" + std::to_string(file);
+    const auto size = static_cast<ssize_t>(model.letterGroups.size());
+    const bool read = write(file, model.letterGroups.data(), model.letterGroups.size()) == size &&
+                      fp_Read(fingerprint.get(), path.c_str(), letterGroups) != 0;
+    close(file);
+    return read ? std::move(fingerprint) : nullptr;
+}
+
+const std::vector<Fingerprint>& knownLanguages() {
+    static const std::vector<Fingerprint> known = [] {
+        std::vector<Fingerprint> models;
+        for (const LanguageModel& model : languageModels()) {
+            if (Fingerprint fingerprint = readModel(model)) models.push_back(std::move(fingerprint));
+        }
+        return models;
+    }();
+    return known;
+}
 
 }  // namespace
 
@@ -73,25 +157,58 @@ std::vector<const char*> codePagesOfReaders(std::string_view code) {
     return codePages;
 }
 
-bool isWrittenIn(const LanguageProfile& language, const icu::UnicodeString& text) {
-    std::map<UScriptCode, int64_t> columns;
-    int64_t all = 0;
-    for (int32_t i = 0; i < text.length();) {
-        const UChar32 character = text.char32At(i);
-        i += U16_LENGTH(character);
-        if (!u_isalpha(character)) continue;
-        UErrorCode status = U_ZERO_ERROR;
-        const int width = terminalColumns(character);
-        columns[uscript_getScript(character, &status)] += width;
-        all += width;
+std::u16string_view functionWordsOf(std::string_view code) {
+    for (const auto& [language, words] : functionWords) {
+        if (language == code) return words;
     }
-    int64_t own = 0, besidesHan = 0;
-    for (const UScriptCode script : language.scripts) {
-        own += columns[script];
-        if (script != USCRIPT_HAN) besidesHan += columns[script];
+    return {};
+}
+
+ScriptFit scriptFit(const LanguageProfile& language, const icu::UnicodeString& text) {
+    int64_t all = 0, own = 0, besidesHan = 0;
+    for (int32_t i = 0, next; i < text.length(); i = next) {
+        const UChar32 character = text.char32At(i);
+        next = i + U16_LENGTH(character);
+        if (!u_isalpha(character)) continue;
+        const int width = terminalColumns(character);
+        UErrorCode status = U_ZERO_ERROR;
+        const UScriptCode script = uscript_getScript(character, &status);
+        const bool isOwn = std::ranges::find(language.scripts, script) != language.scripts.end();
+        all += width;
+        own += isOwn ? width : 0;
+        besidesHan += isOwn && script != USCRIPT_HAN ? width : 0;
     }
     const bool isChinese = language.scripts.front() == USCRIPT_HAN;
-    return 2 * own >= all && (isChinese || leastShareBesidesHan * besidesHan >= own);
+    if (leastShareOfSome * own < all || (!isChinese && leastShareBesidesHan * besidesHan < own)) {
+        return ScriptFit::hardlyAny;
+    }
+    return 2 * own >= all ? ScriptFit::most : ScriptFit::some;
+}
+
+std::string betterChinese(const icu::UnicodeString& text, const std::string& code) {
+    const bool isTraditional = code == "zh_TW";
+    if (!isTraditional && code != "zh") return "";
+    const auto lost = [&](bool traditional) { return lossIn(traditional ? "Big5" : "GB2312", text).count(); };
+    const std::size_t clearlyMore = static_cast<std::size_t>(text.length()) / 10;
+    return lost(isTraditional) > lost(!isTraditional) + clearlyMore ? (isTraditional ? "zh" : "zh_TW") : "";
+}
+
+std::string clearlyBetterLanguage(const icu::UnicodeString& text, const std::string& code) {
+    if (const std::string better = betterChinese(text, code); !better.empty()) return better;
+    const auto hasCode = [&](const Fingerprint& language) { return fp_Name(language.get()) == code; };
+    if (text.length() < shortestText || std::ranges::none_of(knownLanguages(), hasCode)) return "";
+    constexpr int32_t enough = 1 << 16;
+    std::string bytes;
+    text.tempSubString(0, enough).toUTF8String(bytes);
+    const Fingerprint unknown = newFingerprint(nullptr);
+    if (fp_Create(unknown.get(), bytes.data(), static_cast<uint4>(bytes.size()), letterGroups) == 0) return "";
+
+    std::map<std::string, double> distances;
+    for (const Fingerprint& language : knownLanguages()) {
+        distances[fp_Name(language.get())] = fp_Compare(language.get(), unknown.get(), noLimit);
+    }
+    const auto best = std::ranges::min_element(distances, {}, [](const auto& entry) { return entry.second; });
+    return distances[code] > clearly * best->second ? best->first : "";
 }
 
 }  // namespace zev

@@ -7,7 +7,6 @@
 #include <iterator>
 
 #include "app/run_options.h"
-#include "authoring/set_checks.h"
 #include "authoring/set_files.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
@@ -70,7 +69,6 @@ public:
             std::ranges::move(findMissing(kind), std::back_inserter(findings));
         }
         std::ranges::move(checkTexts(texts_, standIn_), std::back_inserter(findings));
-        std::ranges::move(checkWords(texts_), std::back_inserter(findings));
         std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
         return findings;
     }

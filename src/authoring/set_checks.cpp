@@ -6,12 +6,10 @@
 #include <vector>
 
 #include "app/exit_code.h"
-#include "app/run_options.h"
 #include "authoring/set_files.h"
 #include "authoring/shown_language.h"
 #include "authoring/text_checks.h"
 #include "authoring/text_encoding.h"
-#include "console/terminal_geometry.h"
 #include "files/directory_at.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
@@ -44,7 +42,6 @@ public:
     Findings run(const std::vector<std::string>& names) {
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
         std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
-        std::ranges::move(checkWords(texts_), std::back_inserter(findings_));
         for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
         std::ranges::stable_sort(findings_, {},
                                  [this](const Finding& finding) { return order_.at(finding.file.name); });
@@ -99,20 +96,6 @@ private:
 };
 
 }  // namespace
-
-Findings checkWords(std::span<const SetText> texts) {
-    Findings findings;
-    for (const SetText& text : texts) {
-        if (text.file.kind == TextKind::notices) continue;  // never shown
-        const ShownLanguage language("", defaultLanguageSet, text.file.language ? text.file.language->code : "en");
-        int32_t position = 0;
-        if (!language.hasTooWideWord(text.text, usualWidth, position)) continue;
-        findings.push_back({text.namedFile(), positionAt(text.text, position), Severity::warning, "wide-word",
-                            "a word that a line of " + std::to_string(usualWidth) +
-                                " columns cannot hold is cut, or its line overflows"});
-    }
-    return findings;
-}
 
 bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings, std::string& problem) {
     std::vector<std::string> names;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <span>
 #include <string>
 
 #include "authoring/finding.h"
-#include "authoring/text_checks.h"
 
 namespace zev {
 
@@ -18,8 +16,5 @@ struct CheckOptions {
 /// directory cannot be read.
 [[nodiscard]] bool checkSet(const std::string& directory, const CheckOptions& options, Findings& findings,
                             std::string& problem);
-
-/// Finds the texts with a word that a line of the usual terminal cannot hold.
-[[nodiscard]] Findings checkWords(std::span<const SetText> texts);
 
 }  // namespace zev

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "authoring/finding.h"
 #include "authoring/language_profile.h"
 #include "files/license_fingerprint.h"
 #include "lang/language_table.h"
@@ -18,6 +19,22 @@ struct SetFile {
     std::string name;
     TextKind kind;
     const LanguageProfile* language;  ///< null for the two that serve all languages, which are optional
+};
+
+/// The text of a file of a set, whatever its encoding was.
+struct SetText {
+    SetFile file;
+    std::string path;  ///< as the user can open it
+    icu::UnicodeString text;
+
+    [[nodiscard]] Finding finding(Severity severity, const char* kind, const std::string& message) const {
+        return {{path, file.name}, {}, severity, kind, message};
+    }
+    /// A finding about the code unit at `offset`.
+    [[nodiscard]] Finding findingAt(int32_t offset, Severity severity, const char* kind,
+                                    const std::string& message) const {
+        return {{path, file.name}, positionAt(text, offset), severity, kind, message};
+    }
 };
 
 /// The files of a language set, in the order of its languages, the agreement before the information; those for all

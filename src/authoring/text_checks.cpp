@@ -5,9 +5,13 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <vector>
 
 #include "authoring/character_checks.h"
-#include "authoring/language_guess.h"
+#include "authoring/leftovers.h"
+#include "authoring/line_checks.h"
+#include "authoring/text_comparison.h"
+#include "console/terminal_columns.h"
 
 namespace zev {
 
@@ -20,69 +24,153 @@ bool hasVisibleText(const icu::UnicodeString& text) {
     return false;
 }
 
-/// Which text each text repeats; its own index for those that repeat none. Of equal texts, those of `original` count as
-/// the originals, else the first.
-std::vector<std::size_t> findRepetitions(std::span<const SetText> texts, std::string_view original) {
-    const auto isOriginal = [&](std::size_t i) {
-        return texts[i].file.language && texts[i].file.language->code == original;
-    };
-    std::map<icu::UnicodeString, std::size_t> originals;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const auto [known, isNew] = originals.try_emplace(texts[i].text, i);
-        if (!isNew && isOriginal(i) && !isOriginal(known->second)) known->second = i;
+/// Tells a list of names from sentences. Between its commas and line ends stand a few words, and those of longer names
+/// begin with capitals.
+class ListOrProse {
+public:
+    [[nodiscard]] static bool isList(const icu::UnicodeString& text) {
+        ListOrProse counts;
+        bool isInWord = false;
+        for (int32_t i = 0, next; i < text.length(); i = next) {
+            const UChar32 character = text.char32At(i);
+            next = i + U16_LENGTH(character);
+            const bool isLetter = u_isalpha(character);
+            if (isLetter) counts.addLetter(character, isInWord);
+            if (character == u'\n' || character == u'\t' || endsPart(character)) counts.endPart();
+            isInWord = isLetter;
+        }
+        counts.endPart();
+        return leastShareOfProse * counts.inProse_ <= counts.letters_;
     }
-    std::vector<std::size_t> repeated;
-    for (const SetText& text : texts) repeated.push_back(originals[text.text]);
-    return repeated;
-}
+
+private:
+    static constexpr int64_t leastShareOfProse = 3;   ///< one in so many letters; headings and names take the others
+    static constexpr int64_t leastWordsOfClause = 4;  ///< in a row
+    static constexpr int64_t leastWideLetters = 8;    ///< in a row: Chinese and Japanese have no blanks
+
+    static bool endsPart(UChar32 character) {
+        return u_ispunct(character) && character != u'-' && character != u'\'' && character != u'’';
+    }
+
+    void addLetter(UChar32 character, bool isInWord) {
+        ++part_.letters;
+        if (terminalColumns(character) == 2) ++part_.wideLetters;
+        if (isInWord) return;
+        ++part_.words;
+        if (u_isUUppercase(character)) ++part_.capitalized;
+    }
+
+    void endPart() {
+        const bool isClause = part_.words >= leastWordsOfClause && 2 * part_.capitalized <= part_.words;
+        if (isClause || part_.wideLetters >= leastWideLetters) inProse_ += part_.letters;
+        letters_ += part_.letters;
+        part_ = {};
+    }
+
+    struct Part {
+        int64_t letters = 0, wideLetters = 0, words = 0, capitalized = 0;
+    };
+    Part part_;  ///< between two signs of punctuation
+    int64_t letters_ = 0, inProse_ = 0;
+};
 
 Findings checkLanguage(const SetText& text) {
     const LanguageProfile* language = text.file.language;
     if (language == nullptr) return {};
-    if (!isWrittenIn(*language, text.text)) {
-        return {{text.namedFile(), {}, Severity::error, "script", "most letters are not of the language's script"}};
+    const ScriptFit fit = scriptFit(*language, text.text);
+    if (fit == ScriptFit::some) {
+        return {text.finding(Severity::warning, "script", "most letters are not of the language's script")};
+    }
+    if (fit == ScriptFit::hardlyAny) {
+        // The information may well be a list of names, an agreement never is.
+        const bool mayBeRight = text.file.kind == TextKind::information && ListOrProse::isList(text.text);
+        return {text.finding(mayBeRight ? Severity::warning : Severity::error, "script",
+                             "hardly any letter is of the language's script")};
     }
     const std::string better = clearlyBetterLanguage(text.text, language->code);
     if (better.empty()) return {};
-    return {{text.namedFile(),
-             {},
-             Severity::warning,
-             "language",
-             "most of it reads like " + better + "; are two files swapped?"}};
+    return {
+        text.finding(Severity::warning, "language", "most of it reads like " + better + "; are two files swapped?")};
 }
+
+/// The texts without blanks and line feeds around them, of which `build` adds one.
+std::vector<icu::UnicodeString> trimmed(std::span<const SetText> texts) {
+    std::vector<icu::UnicodeString> trimmed;
+    for (const SetText& text : texts) trimmed.push_back(icu::UnicodeString(text.text).trim());
+    return trimmed;
+}
+
+class TextChecks {
+public:
+    TextChecks(std::span<const SetText> texts, const std::string& standIn)
+        : texts_(texts), trimmed_(trimmed(texts)), standIn_(standIn), original_(standIn.empty() ? "en" : standIn) {
+        for (std::size_t i = 0; i < texts_.size(); ++i) {
+            if (!isOriginal(i) || !hasVisibleText(texts_[i].text)) continue;
+            originals_.emplace(texts_[i].file.kind, i);
+            comparisons_.emplace(texts_[i].file.kind, texts_[i]);
+        }
+        for (std::size_t i = 0; i < texts_.size(); ++i) {
+            const auto [known, isNew] = firsts_.try_emplace(trimmed_[i], i);
+            if (!isNew && isOriginal(i) && !isOriginal(known->second)) known->second = i;
+        }
+    }
+
+    [[nodiscard]] Findings check(std::size_t index) const {
+        const SetText& text = texts_[index];
+        if (!hasVisibleText(text.text)) {
+            // A product may have nothing to say there, but the file must be there.
+            if (text.file.kind == TextKind::information) return {};
+            return {text.finding(Severity::error, "empty", "empty")};
+        }
+        Findings findings = compare(index);
+        for (Findings more : {checkLines(text), checkCharacters(text), findLeftovers(text)}) {
+            std::ranges::move(more, std::back_inserter(findings));
+        }
+        std::ranges::stable_sort(findings, {}, &Finding::position);
+        return findings;
+    }
+
+private:
+    [[nodiscard]] bool isOriginal(std::size_t index) const {
+        const LanguageProfile* language = texts_[index].file.language;
+        return language != nullptr && language->code == original_;
+    }
+
+    /// A text with the others.
+    [[nodiscard]] Findings compare(std::size_t index) const {
+        const SetText& text = texts_[index];
+        const auto original = originals_.find(text.file.kind);
+        const bool hasOriginal = original != originals_.end() && original->second != index;
+        const bool isStandIn = hasOriginal && trimmed_[index] == trimmed_[original->second];
+        Findings findings;
+        const std::size_t first = firsts_.at(trimmed_[index]);
+        if (first != index && !(isStandIn && !standIn_.empty())) {
+            findings.push_back(
+                text.finding(Severity::warning, "same-text", "the same text as " + texts_[first].file.name));
+        }
+        if (isStandIn) return findings;
+        const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
+        add(checkLanguage(text));
+        add(checkForeignLetters(text));
+        if (hasOriginal) add(comparisons_.at(text.file.kind).compare(text));
+        return findings;
+    }
+
+    std::span<const SetText> texts_;
+    std::vector<icu::UnicodeString> trimmed_;
+    const std::string& standIn_;
+    const std::string original_;                        ///< a language
+    std::map<TextKind, std::size_t> originals_;         ///< the texts in it
+    std::map<TextKind, TextComparison> comparisons_;    ///< with them
+    std::map<icu::UnicodeString, std::size_t> firsts_;  ///< of equal texts, those of the original's language first
+};
 
 }  // namespace
 
 Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) {
+    const TextChecks checks(texts, standIn);
     Findings findings;
-    const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
-    const auto repeated = findRepetitions(texts, standIn.empty() ? "en" : standIn);
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const SetText& text = texts[i];
-        const SetText& original = texts[repeated[i]];
-        if (!hasVisibleText(text.text)) {
-            // A product may have nothing to say there, but the file must be there.
-            const bool mayBeEmpty = text.file.kind == TextKind::information;
-            if (!mayBeEmpty) add({{text.namedFile(), {}, Severity::error, "empty", "empty"}});
-            continue;
-        }
-        const bool standsIn = original.file.kind == text.file.kind && original.file.language != nullptr &&
-                              original.file.language->code == standIn;
-        if (&original == &text) {
-            add(checkLanguage(text));
-        } else if (!standsIn) {
-            add({{text.namedFile(), {}, Severity::warning, "same-text", "the same text as " + original.file.name}});
-        }
-        if (text.file.kind == TextKind::agreement && !text.text.endsWith(u"\n")) {
-            add({{text.namedFile(),
-                  {},
-                  Severity::warning,
-                  "last-line",
-                  "no line feed at the end; the information begins in its last line"}});
-        }
-        add(checkCharacters(text.namedFile(), text.text, text.file.language,
-                            text.file.kind == TextKind::notices ? Readers::ofCopy : Readers::ofScreenAndCopy));
-    }
+    for (std::size_t i = 0; i < texts.size(); ++i) std::ranges::move(checks.check(i), std::back_inserter(findings));
     return findings;
 }
 

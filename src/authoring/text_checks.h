@@ -1,7 +1,5 @@
 #pragma once
 
-#include <unicode/unistr.h>
-
 #include <span>
 #include <string>
 
@@ -10,18 +8,11 @@
 
 namespace zev {
 
-/// The text of a file of a set, whatever its encoding was.
-struct SetText {
-    SetFile file;
-    std::string path;  ///< as the user can open it
-    icu::UnicodeString text;
-
-    [[nodiscard]] NamedFile namedFile() const { return {path, file.name}; }
-};
-
-/// Checks what texts hold, each by itself and the languages against each other. A text that equals that of the language
-/// `standIn` stands in for a translation and is not judged as one; none does where it is empty. Findings come text by
-/// text, then by line.
+/// Checks what texts hold, each by itself and compared with the original: the text of the same kind in the language
+/// `standIn`, or in English if that is empty. A text that equals the original is no translation and is not judged as
+/// one; it is a finding unless `standIn` is given. Findings come text by text, then by line.
+///
+/// Line ends are line feeds: whoever checks sources makes them so first, which does not change the numbers of lines.
 [[nodiscard]] Findings checkTexts(std::span<const SetText> texts, const std::string& standIn);
 
 }  // namespace zev

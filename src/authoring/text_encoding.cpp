@@ -1,9 +1,14 @@
 #include "authoring/text_encoding.h"
 
+#include <unicode/localpointer.h>
+#include <unicode/ucnv.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <vector>
+
+#include "console/code_page_loss.h"
 
 namespace zev {
 
@@ -50,7 +55,47 @@ bool hasZeroBytes(std::string_view bytes) {
 }
 
 bool makesSense(const icu::UnicodeString& text, const LanguageProfile* language) {
-    return language != nullptr ? isWrittenIn(*language, text) : occurrences(text, u"\n") > 0;
+    return language != nullptr ? scriptFit(*language, text) == ScriptFit::most : occurrences(text, u"\n") > 0;
+}
+
+constexpr const char* westernPage = "windows-1252";
+
+/// The bytes of a line in a code page; nothing if it has none for a character.
+std::string encodeLine(UConverter* codePage, const icu::UnicodeString& line) {
+    std::string bytes(static_cast<std::size_t>(line.length()), '\0');
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_fromUChars(codePage, bytes.data(), line.length(), line.getBuffer(), line.length(), &status);
+    return U_SUCCESS(status) ? bytes : "";
+}
+
+/// The bytes E9 A0 BB are a Chinese character in UTF-8, and the end of a quotation in French.
+bool isWritableIn(const LanguageProfile* language, const icu::UnicodeString& text) {
+    const auto holds = [&](const char* codePage) { return lossIn(codePage, text).count() == 0; };
+    return holds(westernPage) || (language != nullptr && std::ranges::any_of(language->codePages, holds));
+}
+
+bool isUtf8In(UConverter* codePage, const icu::UnicodeString& line, const LanguageProfile* language) {
+    const std::string bytes = encodeLine(codePage, line);
+    constexpr auto isTrail = [](char byte) { return U8_IS_TRAIL(byte); };
+    icu::UnicodeString decoded;
+    // One such pair can be meant, as at the end of "CAFÉ®".
+    return std::ranges::count_if(bytes, isTrail) > 1 && decodeUtf8(bytes, decoded) == bytes.size() &&
+           isWritableIn(language, decoded);
+}
+
+DoubleEncoding findDoubleEncodingBy(const char* codePage, const icu::UnicodeString& text,
+                                    const LanguageProfile* language) {
+    DoubleEncoding found{codePage};
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::LocalUConverterPointer converter(ucnv_open(codePage, &status));
+    ucnv_setFromUCallBack(converter.getAlias(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
+    for (int32_t begin = 0, end; U_SUCCESS(status) && begin < text.length(); begin = end + 1) {
+        end = text.indexOf(u'\n', begin);
+        if (end < 0) end = text.length();
+        if (!isUtf8In(converter.getAlias(), text.tempSubStringBetween(begin, end), language)) continue;
+        if (found.lines++ == 0) found.first = begin;
+    }
+    return found;
 }
 
 }  // namespace
@@ -100,6 +145,16 @@ std::string encodeUtf16(const icu::UnicodeString& text) {
         bytes += {static_cast<char>(text[i] >> 8), static_cast<char>(text[i] & 0xFF)};
     }
     return bytes;
+}
+
+DoubleEncoding findDoubleEncoding(const icu::UnicodeString& text, const LanguageProfile* language) {
+    DoubleEncoding most = findDoubleEncodingBy(westernPage, text, language);
+    for (const char* codePage : language != nullptr ? language->codePages : std::span<const char* const>{}) {
+        if (!std::string_view(codePage).starts_with("windows-")) continue;
+        const DoubleEncoding found = findDoubleEncodingBy(codePage, text, language);
+        if (found.lines >= most.lines) most = found;
+    }
+    return most;
 }
 
 }  // namespace zev

@@ -2,6 +2,8 @@
 
 #include <unicode/unistr.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -32,5 +34,17 @@ struct DecodedText {
 
 /// UTF-16 in big-endian order behind a mark.
 [[nodiscard]] std::string encodeUtf16(const icu::UnicodeString& text);
+
+/// UTF-8 that was read as a code page and encoded again, so that "é" became "Ã©".
+struct DoubleEncoding {
+    const char* codePage = "";
+    int32_t first = 0;      ///< where the first such line begins, in code units
+    std::size_t lines = 0;  ///< 0 if there is none
+};
+
+/// Looks for it with the Windows code pages of Western Europe and of the language, which may be null, and returns that
+/// of the most lines. A line counts if all of it is UTF-8 in the code page, hardly by accident, and what it decodes to
+/// is in a code page of the language or of Western Europe.
+[[nodiscard]] DoubleEncoding findDoubleEncoding(const icu::UnicodeString& text, const LanguageProfile* language);
 
 }  // namespace zev
