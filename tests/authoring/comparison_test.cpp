@@ -31,7 +31,7 @@ std::vector<icu::UnicodeString> paragraphsOf(const icu::UnicodeString& text) {
     return paragraphs;
 }
 
-icu::UnicodeString joined(const std::vector<icu::UnicodeString>& paragraphs) {
+icu::UnicodeString inParagraphs(const std::vector<icu::UnicodeString>& paragraphs) {
     icu::UnicodeString text;
     for (const auto& paragraph : paragraphs) text += (text.isEmpty() ? u"" : u"\n\n") + paragraph;
     return text + u"\n";
@@ -131,7 +131,7 @@ TEST(Comparison, findsParagraphsThatAreNotTranslated) {
             edited.findAndReplace(u"VUR", u"ACME");
             for (const icu::UnicodeString& paragraph : {mixed[2], edited}) {
                 mixed[2] = paragraph;
-                const std::string found = listFindings(comparison.compare(textOf(file.name, joined(mixed))));
+                const std::string found = listFindings(comparison.compare(textOf(file.name, inParagraphs(mixed))));
                 EXPECT_EQ(found.find(file.name + ":5:1: warning: 1 of "), 0U) << found;
             }
         }
@@ -149,7 +149,7 @@ TEST(Comparison, tellsTheTwoWaysOfWritingChineseApartByParagraphs) {
     for (const auto& [name, other] : {std::pair{"LA_zh", "LA_zh_TW"}, {"LA_zh_TW", "LA_zh"}}) {
         auto mixed = paragraphsOf(sample(name));
         mixed[2] = paragraphsOf(sample(other))[2];
-        const std::string found = findingsIn(textOf(name, joined(mixed)), english);
+        const std::string found = findingsIn(textOf(name, inParagraphs(mixed)), english);
         EXPECT_EQ(found.find(std::string(name) + ":5:1: warning: 1 of "), 0U) << found;
     }
 }
