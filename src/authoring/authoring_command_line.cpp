@@ -95,7 +95,7 @@ void declarePreview(CLI::App& command, PreviewCommand& preview) {
 /// Such as that of a variable that was never set: it would be taken for an option that was not given.
 void refuseEmptyValues(CLI::App& command) {
     const auto problem = [](const std::string& value) {
-        return value.empty() ? "the value is empty; is a variable not set?" : std::string();
+        return value.empty() ? "the value is empty, perhaps because a variable is not set" : std::string();
     };
     for (CLI::Option* option : command.get_options([](const CLI::Option* o) { return o->get_expected_min() > 0; })) {
         option->check(problem);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <string_view>
 #include <tuple>
 
 namespace zev {
@@ -21,6 +22,15 @@ bool isMetBy(const Finding& finding, const Acceptance& acceptance) {
 /// A compiler puts its own name before a message about no file.
 std::string shownPath(const Finding& finding) {
     return finding.file.path.empty() ? "zev-licenses" : printable(finding.file.path);
+}
+
+std::string_view directoryOf(std::string_view path) { return path.substr(0, path.rfind('/') + 1); }
+
+/// The path in a line that begins with the path of `first`: the directory is there already if it is the same.
+std::string pathAfter(const Finding& first, Finding finding) {
+    const std::string_view directory = directoryOf(first.file.path);
+    if (directory == directoryOf(finding.file.path)) finding.file.path.erase(0, directory.size());
+    return shownPath(finding);
 }
 
 std::string describe(const Finding& finding) {
@@ -100,7 +110,7 @@ std::string listFindings(const Findings& findings) {
         if (found == lines.end()) {
             lines.push_back({finding, shownPath(finding)});
         } else {
-            found->paths += " " + shownPath(finding);
+            found->paths += " " + pathAfter(found->first, finding);
         }
     }
     std::string list;

@@ -62,7 +62,7 @@ void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptanc
 [[nodiscard]] bool areFatal(const Findings& findings, bool isStrict);
 
 /// One line for each finding: "<path>[:<line>:<column>]: error|warning|accepted: <message> [<kind>]". Findings without
-/// a position that differ in their file alone share a line, where the first of them stands.
+/// a position that differ in their file alone share the line of the first, whose directory they do not repeat.
 [[nodiscard]] std::string listFindings(const Findings& findings);
 
 /// "3 errors, 1 warning, 2 accepted", without the last part if there are none; or "no findings".

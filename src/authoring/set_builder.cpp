@@ -12,7 +12,6 @@
 #include "authoring/text_encoding.h"
 #include "files/atomic_directory.h"
 #include "files/directory_at.h"
-#include "files/paths.h"
 #include "files/regular_file.h"
 
 namespace zev {
@@ -45,7 +44,7 @@ public:
 
     void readDirectory(const std::string& directory) {
         for (const SetFile& file : files_) {
-            const std::string path = joinPath(directory, file.name + std::string(sourceSuffix));
+            const std::string path = pathIn(directory, file.name + std::string(sourceSuffix));
             if (!read(file, path) && file.language != nullptr) missing_.push_back({file, path});
         }
     }
@@ -198,7 +197,7 @@ std::vector<std::string> otherFiles(const std::string& directory, std::string& p
         const auto isItsName = [&](const SetFile& file) { return file.name + std::string(sourceSuffix) == name; };
         std::error_code error;
         return name.starts_with('.') || isReadme(name) || std::ranges::any_of(files, isItsName) ||
-               std::filesystem::is_directory(joinPath(directory, name), error);
+               std::filesystem::is_directory(pathIn(directory, name), error);
     });
     return names;
 }
@@ -206,7 +205,7 @@ std::vector<std::string> otherFiles(const std::string& directory, std::string& p
 Findings misnamedSources(const std::string& directory, const std::vector<std::string>& names) {
     Findings findings;
     for (const std::string& name : names) {
-        findings.push_back({{joinPath(directory, name), name},
+        findings.push_back({{pathIn(directory, name), name},
                             {},
                             Severity::warning,
                             "name",
@@ -225,7 +224,7 @@ bool isText(const std::string& path) {
 Finding noAgreements(const std::string& directory, const std::vector<std::string>& names) {
     std::string texts;
     for (const std::string& name : names) {
-        if (isText(joinPath(directory, name))) texts += (texts.empty() ? "" : ", ") + printable(name);
+        if (isText(pathIn(directory, name))) texts += (texts.empty() ? "" : ", ") + printable(name);
     }
     return {{directory, ""},
             {},

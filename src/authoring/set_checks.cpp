@@ -12,7 +12,6 @@
 #include "authoring/text_encoding.h"
 #include "files/directory_at.h"
 #include "files/license_text_set.h"
-#include "files/paths.h"
 #include "files/regular_file.h"
 
 namespace zev {
@@ -53,7 +52,7 @@ public:
     }
 
 private:
-    [[nodiscard]] std::string pathOf(const std::string& name) const { return joinPath(directory_, name); }
+    [[nodiscard]] std::string pathOf(const std::string& name) const { return pathIn(directory_, name); }
 
     void addFinding(const std::string& name, Severity severity, const char* kind, const std::string& message,
                     Position position = {}) {

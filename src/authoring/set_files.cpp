@@ -48,6 +48,11 @@ std::vector<SetFile> filesOfSet(int languageSet) {
     return files;
 }
 
+std::string pathIn(std::string directory, const std::string& name) {
+    while (directory.ends_with('/')) directory.pop_back();
+    return joinPath(directory, name);
+}
+
 std::string nameOf(TextKind kind, const std::string& code) {
     return kind == TextKind::agreement ? agreementName(code) : informationName(code);
 }

@@ -41,6 +41,9 @@ struct SetText {
 /// languages last.
 [[nodiscard]] std::vector<SetFile> filesOfSet(int languageSet);
 
+/// The path of a file in a directory, with one slash between the two even if the user ended the directory with some.
+[[nodiscard]] std::string pathIn(std::string directory, const std::string& name);
+
 /// The name of the agreement or of the information in a language.
 [[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);
 

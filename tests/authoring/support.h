@@ -27,7 +27,7 @@ struct SampleSet : Sandbox {
 
     /// The findings of `check` and its options by the names of the files, without sums and summary.
     [[nodiscard]] std::string check(const Arguments& options = {}) const {
-        const std::string all = runLicenses(joined({"check", path("set")}, options)).out;
+        const std::string all = runLicenses(joined({"check", path("set/")}, options)).out;
         std::string out = std::regex_replace(all, std::regex("[0-9a-f]{64}  [^\n]*\n"), "");
         out.erase(out.find(path("set") + ": "));
         const std::string directory = path("set/");
