@@ -18,7 +18,7 @@ namespace {
 
 constexpr int mostCells = 10'000;  ///< in a row or column of any terminal
 
-/// What the user asks for, of which one is used.
+/// The arguments of the commands, of which one is run.
 struct Calls {
     BuildCommand build;
     CheckCommand check;
@@ -44,14 +44,14 @@ void addAcceptances(CLI::App& command, std::vector<Acceptance>& accepted) {
                 if (!std::ranges::all_of(values, accept))
                     throw CLI::ValidationError("--accept", "not KIND or KIND:FILE");
             },
-            "Let the warnings of this kind pass, of this file or of all; repeated for more")
+            "Accept the warnings of this kind, in this file or in all; can be repeated")
         ->type_name("KIND[:FILE]")
         ->allow_extra_args(false);
 }
 
 void addFindings(CLI::App& command, bool& json, bool& strict, std::vector<Acceptance>& accepted) {
     command.add_flag("--json", json, "Write JSON");
-    command.add_flag("--strict", strict, "Let warnings fail");
+    command.add_flag("--strict", strict, "Count warnings as failures");
     addAcceptances(command, accepted);
 }
 
@@ -61,7 +61,7 @@ void declareBuild(CLI::App& command, BuildCommand& build) {
     command.add_option("OUT", build.output, "Licence directory to make or to replace")->required();
     CLI::Option* const standIn =
         command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one");
-    command.add_option("--lang", build.language, "Language of the one agreement, which stands in for all others")
+    command.add_option("--lang", build.language, "Language of the one agreement, which takes the place of all others")
         ->excludes(standIn);
     addFindings(command, build.json, build.strict, build.accepted);
     addLanguageSet(command, build.languageSet);
@@ -69,8 +69,8 @@ void declareBuild(CLI::App& command, BuildCommand& build) {
 
 void declareCheck(CLI::App& command, CheckCommand& check) {
     command.add_option("DIR", check.directory, "Licence directory")->required();
-    command.add_option("--stand-in", check.standIn, "Language whose text may stand in the place of others");
-    command.add_flag("--pages", check.pages, "Add what the code pages of each language lose");
+    command.add_option("--stand-in", check.standIn, "Language whose texts may take the place of others");
+    command.add_flag("--pages", check.pages, "Add the characters that the code pages of each language lose");
     addFindings(command, check.json, check.strict, check.accepted);
     addLanguageSet(command, check.languageSet);
 }
@@ -80,19 +80,20 @@ void declarePreview(CLI::App& command, PreviewCommand& preview) {
         return isCodePage(name) ? std::string() : "unknown code page: " + name;
     };
     command.add_option("DIR", preview.directory, "Licence directory")->required();
-    command.add_option("--lang", preview.languages, "Languages, such as it,ru; else all of the set")->delimiter(',');
+    command.add_option("--lang", preview.languages, "Languages, such as it,ru; by default all of the set")
+        ->delimiter(',');
     command.add_option("--width", preview.width, "Columns of the terminal")
         ->capture_default_str()
         ->check(CLI::Range(1, mostCells));
     command.add_option("--code-page", preview.codePage, "Code page of the terminal: count what it loses")
         ->check(codePageProblem, "NAME");
-    command.add_option("--pages-of", preview.pageHeight, "Lines of the terminal: show pages and prompts as they come")
+    command.add_option("--pages-of", preview.pageHeight, "Lines of the terminal: show the text in pages, with prompts")
         ->check(CLI::Range(1, mostCells));
-    command.add_option("--html", preview.html, "Write a page for the browser, of all that can be asked, to this file");
+    command.add_option("--html", preview.html, "Write a page for a browser to this file");
     addLanguageSet(command, preview.languageSet);
 }
 
-/// Such as that of a variable that was never set: it would be taken for an option that was not given.
+/// An empty value would count as an option that was not given.
 void refuseEmptyValues(CLI::App& command) {
     const auto problem = [](const std::string& value) {
         return value.empty() ? "the value is empty, perhaps because a variable is not set" : std::string();
@@ -102,7 +103,7 @@ void refuseEmptyValues(CLI::App& command) {
     }
 }
 
-/// CLI11 reports the wrong use of an option by throwing; so does this, for what depends on two options.
+/// Throws, as CLI11 does for the wrong use of an option. CLI11 itself cannot check what depends on two options.
 void requireLanguage(const std::string& option, const std::string& code, int languageSet) {
     const auto hasCode = [&](const LanguageEntry& language) { return language.code == code; };
     if (code.empty() || std::ranges::any_of(languagesOfSet(languageSet), hasCode)) return;
@@ -124,10 +125,10 @@ int runAuthoring(int argc, char** argv) {
     startProcess();
     Calls calls;
     CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
-    app.set_version_flag("--version", runOptions.version, "Print the version and end");
-    app.footer("Ends with 0 when all is well, 1 with findings, 2 when it cannot work.");
-    app.require_subcommand(0, 1);  // one is required below, when unknown words have been named
-    CLI::App& build = *app.add_subcommand("build", "Make a licence directory of texts in UTF-8");
+    app.set_version_flag("--version", runOptions.version, "Print the version and exit");
+    app.footer("Exit status: 0 success, 1 errors in the texts or, with --strict, warnings, 2 the command cannot work.");
+    app.require_subcommand(0, 1);  // a missing one is an error below, after unknown words have been reported
+    CLI::App& build = *app.add_subcommand("build", "Make a licence directory from texts in UTF-8");
     CLI::App& check = *app.add_subcommand("check", "Find what is wrong with a licence directory");
     CLI::App& preview = *app.add_subcommand("preview", "Show what zev shows of a licence directory");
     declareBuild(build, calls.build);
@@ -135,7 +136,7 @@ int runAuthoring(int argc, char** argv) {
     declarePreview(preview, calls.preview);
     for (CLI::App* command : {&build, &check, &preview}) refuseEmptyValues(*command);
 
-    adoptLocale("C.UTF-8");  // everything shown is UTF-8, and zev's texts are taken as it shows them on such a terminal
+    adoptLocale("C.UTF-8");  // all output is UTF-8, as zev shows its texts on such a terminal
     int status = authoring_status::clean;
     try {
         app.parse(argc, argv);
@@ -149,7 +150,7 @@ int runAuthoring(int argc, char** argv) {
     } catch (const std::exception& error) {
         status = cannotWork(error.what());
     }
-    return std::cout.flush() ? status : cannotWork("standard output cannot be written");
+    return std::cout.flush() ? status : cannotWork("standard output cannot be written to");
 }
 
 }  // namespace zev

@@ -5,8 +5,7 @@
 #include <unicode/uscript.h>
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
+#include <span>
 #include <string_view>
 
 #include "authoring/text_encoding.h"
@@ -29,30 +28,32 @@ struct CharacterRule {
 constexpr auto error = Severity::error;
 constexpr auto warning = Severity::warning;
 
-/// The first rule that has a character is its rule.
+/// If several rules have a character in their ranges, the first counts.
 constexpr CharacterRule rules[]{
-    {"nul", error, "U+0000", "the screen ends here, the copy does not", u"\x0\x0"sv},
+    {"nul", error, "U+0000", "what is shown ends here, the copy does not", u"\x0\x0"sv},
     {"u-ffff", error, "U+FFFF", "the text ends here, on the screen and in the copy", u"\xFFFF\xFFFF"sv},
     {"unpaired-surrogate", error, "unpaired surrogate", "half a character, shown as U+FFFD", u"\xD800\xDFFF"sv},
-    {"lost-character", warning, "U+FFFD", "a character was lost before the text came here", u"\xFFFD\xFFFD"sv},
+    {"lost-character", warning, "U+FFFD", "an earlier conversion lost a character here", u"\xFFFD\xFFFD"sv},
     {"tab", warning, "tab", "counted as one column, shown as up to eight", u"\x9\x9"sv},
-    {"vertical-tab", warning, "vertical tab", "goes down where it stands, and the page scrolls", u"\xB\xB"sv},
-    {"form-feed", warning, "form feed", "clears the screen or goes down, and the page scrolls", u"\xC\xC"sv},
+    {"vertical-tab", warning, "vertical tab", "the terminal goes down in the middle of a line, and the page scrolls",
+     u"\xB\xB"sv},
+    {"form-feed", warning, "form feed", "the terminal clears the screen, or goes down and the page scrolls",
+     u"\xC\xC"sv},
     {"escape", warning, "escape", "the terminal takes what follows for a command", u"\x1B\x1B\x9B\x9B"sv},
-    {"next-line", warning, "U+0085", "no end of a line for zev, perhaps one for the terminal", u"\x85\x85"sv},
-    {"line-separator", warning, "U+2028", "no end of a line for zev", u"\x2028\x2028"sv},
-    {"paragraph-separator", warning, "U+2029", "no end of a paragraph for zev", u"\x2029\x2029"sv},
-    {"control", warning, "control character", "obeyed by the terminal, or counted and not shown",
+    {"next-line", warning, "U+0085", "zev ends no line here, the terminal may", u"\x85\x85"sv},
+    {"line-separator", warning, "U+2028", "zev ends no line here", u"\x2028\x2028"sv},
+    {"paragraph-separator", warning, "U+2029", "zev ends no paragraph here", u"\x2029\x2029"sv},
+    {"control", warning, "control character", "the terminal obeys it, or it is counted and not shown",
      u"\x1\x8\xE\x1F\x7F\x9F"sv},
     {"byte-order-mark", warning, "byte order mark in the text", "counted and not shown", u"\xFEFF\xFEFF"sv},
     {"soft-hyphen", warning, "soft hyphen", "shown in the middle of a line, or counted and not shown", u"\xAD\xAD"sv},
     {"bidirectional-control", warning, "bidirectional control",
-     "turns the order of what follows, or is counted and not shown",
+     "changes the order of what follows, or is counted and not shown",
      u"\x61C\x61C\x200E\x200F\x202A\x202E\x2066\x2069"sv},
 };
 
 constexpr CharacterRule unassignedRule{
-    "unassigned", warning, "character that Unicode does not define", "shown as a box, or as each font likes", {}};
+    "unassigned", warning, "code point without a defined character", "shown as a box, or differently by each font", {}};
 
 constexpr CharacterRule invisibleRule{"invisible", warning, "invisible character", "counted and not shown", {}};
 
@@ -74,7 +75,7 @@ const CharacterRule* ruleOf(UChar32 character) {
     return nullptr;
 }
 
-/// Those of the table, one by one.
+/// Finds each character that has a rule.
 Findings checkEachCharacter(const SetText& text) {
     const bool isOnlyCopied = text.file.kind == TextKind::notices;
     std::vector<Sighting> sightings;
@@ -99,14 +100,13 @@ Findings checkDoubleEncoding(const SetText& text) {
     const DoubleEncoding found = findDoubleEncoding(text.text, text.file.language);
     if (found.lines == 0) return {};
     const std::string name = std::string("UTF-8 that was read as ") + found.codePage + " and encoded again";
-    // A single line can be meant.
+    // A single line can be an example, or characters that happen to be UTF-8.
     return {text.findingAt(found.first, found.lines == 1 ? Severity::warning : Severity::error, "double-encoding",
-                           countedName(name, found.lines) + ": zev shows it so")};
+                           countedName(name, found.lines) + ": zev shows the wrong characters")};
 }
 
-// Names of people and products from other languages have a few such letters. In a text that was read in a wrong code
-// page they take the places of the language's own accented letters, of which each language has more than one in a
-// hundred.
+// Names of people and products from other languages have a few such letters. In a text that was converted from a wrong
+// code page, they take the places of the language's own accented letters, which are more than one letter in a hundred.
 constexpr std::size_t leastForeignLetters = 20;
 constexpr std::size_t leastShareOfForeign = 200;  ///< one in so many letters
 
@@ -118,7 +118,19 @@ bool canBeForeign(UChar32 character) {
            (character <= 0xFF && signs.find(static_cast<char16_t>(character)) != signs.npos);
 }
 
-/// Whether a word has Latin letters and others that look like them. Units such as "\u03BCm" and "k\u03A9" are none.
+/// The letters that none of the code pages has.
+CodePageLoss foreignLetters(const icu::UnicodeString& text, std::span<const char* const> codePages) {
+    CodePageLoss foreign = lossIn(codePages.front(), text);
+    std::erase_if(foreign.characters, [](const auto& entry) { return !canBeForeign(entry.first); });
+    for (const char* codePage : codePages.subspan(1)) {
+        const CodePageLoss lost = lossIn(codePage, text);
+        std::erase_if(foreign.characters, [&](const auto& entry) { return !lost.characters.contains(entry.first); });
+    }
+    return foreign;
+}
+
+/// Whether a word has both Latin letters and Greek or Cyrillic ones, many of which look the same. Units of measurement
+/// such as "\u03BCm" and "k\u03A9" are no such words.
 bool mixesScripts(const icu::UnicodeString& word) {
     constexpr std::u16string_view units = u"\u03BC\u03A9";
     bool isLatin = false, isOther = false;
@@ -145,15 +157,14 @@ Findings checkHomoglyphs(const SetText& text) {
         sample = word;
     }
     if (count == 0) return {};
-    std::string bytes;
     return {text.findingAt(first, Severity::warning, "homoglyph",
-                           countedName("word with letters of two scripts", count) + ", such as \"" +
-                               sample.toUTF8String(bytes) + "\": it looks right and is not found by a search")};
+                           countedName("word with letters of two scripts", count) + ", such as \"" + utf8Of(sample) +
+                               "\": it looks right, but a search does not find it")};
 }
 
 constexpr char16_t firstCombining = 0x300;
 
-/// Letters and their accents where Unicode has both in one.
+/// Finds a letter and an accent for which Unicode has one character.
 Findings checkDecomposed(const SetText& text) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* const composed = icu::Normalizer2::getNFCInstance(status);
@@ -168,7 +179,7 @@ Findings checkDecomposed(const SetText& text) {
     }
     if (count == 0) return {};
     return {text.findingAt(first, Severity::warning, "decomposed",
-                           countedName("letter with its accent apart", count) +
+                           countedName("letter and accent as two characters", count) +
                                ": counted as two columns and shown as one. Convert the text to NFC")};
 }
 
@@ -176,25 +187,17 @@ Findings checkDecomposed(const SetText& text) {
 
 Findings checkCharacters(const SetText& text) {
     Findings findings = checkEachCharacter(text);
-    const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
-    add(checkDoubleEncoding(text));
+    append(findings, checkDoubleEncoding(text));
     if (text.file.kind == TextKind::notices) return findings;
-    add(checkHomoglyphs(text));
-    add(checkDecomposed(text));
+    append(findings, checkHomoglyphs(text));
+    append(findings, checkDecomposed(text));
     return findings;
 }
 
 Findings checkForeignLetters(const SetText& text) {
     if (text.file.language == nullptr) return {};
-    std::optional<CodePageLoss> foreign;
-    for (const char* codePage : text.file.language->codePages) {
-        const CodePageLoss lost = lossIn(codePage, text.text);
-        if (!foreign) foreign = lost;
-        std::erase_if(foreign->characters, [&](const auto& entry) {
-            return !lost.characters.contains(entry.first) || !canBeForeign(entry.first);
-        });
-    }
-    const std::size_t count = foreign->count();
+    const CodePageLoss foreign = foreignLetters(text.text, text.file.language->codePages);
+    const std::size_t count = foreign.count();
     if (count < leastForeignLetters) return {};
     std::size_t letters = 0;
     int32_t first = -1;
@@ -202,12 +205,12 @@ Findings checkForeignLetters(const SetText& text) {
         const UChar32 character = text.text.char32At(i);
         next = i + U16_LENGTH(character);
         if (u_isalpha(character)) ++letters;
-        if (first < 0 && foreign->characters.contains(character)) first = i;
+        if (first < 0 && foreign.characters.contains(character)) first = i;
     }
     if (leastShareOfForeign * count <= letters) return {};
     return {text.findingAt(first, Severity::warning, "foreign-letters",
-                           countedName("letters that no code page of the language has", count) + ": " +
-                               foreign->list() + "; was the text read in the wrong code page?")};
+                           countedName("letters that no code page of the language has", count) + ": " + foreign.list() +
+                               "; was the text converted from the wrong code page?")};
 }
 
 }  // namespace zev

@@ -24,7 +24,8 @@ struct LanguageLosses {
     std::vector<PageLoss> pages;
 };
 
-/// What the code pages of its readers lose of each language; languages that cannot be shown are left out.
+/// The characters of each language that the code pages of its readers lose. Languages that cannot be shown are left
+/// out.
 std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
     std::vector<LanguageLosses> losses;
     for (const auto& [code, englishName] : languagesOfSet(command.languageSet)) {
@@ -36,7 +37,7 @@ std::vector<LanguageLosses> measureLosses(const CheckCommand& command) {
     return losses;
 }
 
-/// What `check` tells of a directory.
+/// What `check` reports about a directory.
 struct CheckReport {
     Findings findings;
     SetSums sums;
@@ -78,7 +79,7 @@ void writeJson(const std::string& directory, const CheckReport& report) {
     std::cout << textOf(json);
 }
 
-/// Findings go to standard error, as those of a compiler do.
+/// Findings go to standard error, like those of a compiler.
 void writeText(const BuildCommand& command, const BuildResult& result) {
     const std::string directory = nameOfDirectory(command.output) + ": ", summary = summaryOf(result.findings);
     std::cerr << listFindings(result.findings);

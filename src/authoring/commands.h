@@ -10,22 +10,22 @@
 
 namespace zev {
 
-/// What zev-licenses ends with.
+/// The exit statuses of zev-licenses.
 namespace authoring_status {
 inline constexpr int clean = 0;
 inline constexpr int findings = 1;
 inline constexpr int cannotWork = 2;
 }  // namespace authoring_status
 
-/// A directory as a result line begins with it: without the slashes at its end.
+/// The name of a directory in a line of results: printable, and without the slashes at its end.
 [[nodiscard]] std::string nameOfDirectory(std::string directory);
 
-/// Says on standard error why the command cannot do its work. Returns the exit status for that.
+/// Writes to standard error why the command cannot do its work. Returns the exit status for that.
 [[nodiscard]] int cannotWork(const std::string& reason);
 
 struct BuildCommand {
     std::string sources, output, standIn;
-    std::string language;  ///< that of `sources`, if they are one text
+    std::string language;  ///< the language of `sources`, if they are one text
     int languageSet = defaultLanguageSet;
     std::vector<Acceptance> accepted;
     bool json = false, strict = false;
@@ -40,13 +40,13 @@ struct CheckCommand {
 
 struct PreviewCommand {
     std::string directory, codePage, html;
-    std::vector<std::string> languages;  ///< all of the set where empty
+    std::vector<std::string> languages;  ///< all of the set if empty
     int languageSet = defaultLanguageSet;
     int32_t width = usualWidth;  ///< columns
     int32_t pageHeight = 0;      ///< lines of the screen; 0 shows the text without pages and prompts
 };
 
-/// Run a command: results go to standard output, messages to standard error. They return the exit status.
+/// Each runs a command and returns the exit status. Results go to standard output, messages to standard error.
 [[nodiscard]] int runBuild(const BuildCommand& command);
 [[nodiscard]] int runCheck(const CheckCommand& command);
 [[nodiscard]] int runPreview(const PreviewCommand& command);

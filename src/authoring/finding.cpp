@@ -3,9 +3,11 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 namespace zev {
 
@@ -19,7 +21,7 @@ bool isMetBy(const Finding& finding, const Acceptance& acceptance) {
     return finding.kind == acceptance.kind && (acceptance.file.empty() || finding.file.name == acceptance.file);
 }
 
-/// A compiler puts its own name before a message about no file.
+/// Like a compiler, zev-licenses names itself in a finding about no file.
 std::string shownPath(const Finding& finding) {
     return finding.file.path.empty() ? "zev-licenses" : printable(finding.file.path);
 }
@@ -60,6 +62,13 @@ Position positionAt(const icu::UnicodeString& text, int32_t offset) {
     return {1 + before, 1 + static_cast<std::size_t>(text.countChar32(lineBegin, offset - lineBegin))};
 }
 
+int32_t lineEnd(const icu::UnicodeString& text, int32_t begin) {
+    const int32_t end = text.indexOf(u'\n', begin);
+    return end < 0 ? text.length() : end;
+}
+
+void append(Findings& findings, Findings more) { std::ranges::move(more, std::back_inserter(findings)); }
+
 std::optional<Acceptance> parseAcceptance(const std::string& text) {
     const std::size_t colon = text.find(':');
     Acceptance acceptance{text.substr(0, colon), colon == text.npos ? "" : text.substr(colon + 1)};
@@ -83,7 +92,7 @@ void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptanc
         const char* why = meetsError ? " meets errors only, and errors cannot be accepted" : " meets no finding";
         unmet.push_back({{}, {}, Severity::warning, "acceptance", printable(option) + why});
     }
-    std::ranges::move(unmet, std::back_inserter(findings));
+    append(findings, std::move(unmet));
 }
 
 std::size_t countOf(const Findings& findings, Severity severity) {
@@ -154,13 +163,17 @@ std::string countedName(const std::string& name, std::size_t count) {
     return count > 1 ? name + " (x" + std::to_string(count) + ")" : name;
 }
 
+std::string utf8Of(const icu::UnicodeString& text) {
+    std::string bytes;
+    return text.toUTF8String(bytes);
+}
+
 std::string printable(const std::string& text) {
     icu::UnicodeString shown = icu::UnicodeString::fromUTF8(text);
     for (int32_t i = 0; i < shown.length(); ++i) {
         if (u_iscntrl(shown[i]) || u_charType(shown[i]) == U_FORMAT_CHAR) shown.setCharAt(i, u'\uFFFD');
     }
-    std::string bytes;
-    return shown.toUTF8String(bytes);
+    return utf8Of(shown);
 }
 
 }  // namespace zev

@@ -14,7 +14,7 @@ enum class Severity { error, warning };
 
 /// A file that findings are about.
 struct NamedFile {
-    std::string path;  ///< as the user can open it: of a source for `build`, of a file of the set for `check`
+    std::string path;  ///< as the user can open it: that of the source for `build`, of the file in the set for `check`
     std::string name;  ///< in the set, such as "LA_de"
 };
 
@@ -23,16 +23,19 @@ struct Position {
     std::size_t line = 0;
     std::size_t column = 0;
 
-    auto operator<=>(const Position&) const = default;
+    bool operator==(const Position&) const = default;
 };
 
 /// The place of the code unit `offset`; lines end in line feeds.
 [[nodiscard]] Position positionAt(const icu::UnicodeString& text, int32_t offset);
 
+/// The end of the line that begins at `begin`, without its line feed, in code units.
+[[nodiscard]] int32_t lineEnd(const icu::UnicodeString& text, int32_t begin);
+
 /// Something that is wrong with a licence text.
 struct Finding {
-    NamedFile file;     ///< both names are empty if it is about no file
-    Position position;  ///< none if it is about the file as a whole
+    NamedFile file;     ///< both names are empty if the finding is about no file
+    Position position;  ///< none if the finding is about the file as a whole
     Severity severity = Severity::error;
     const char* kind = "";  ///< its name for programs, such as "soft-hyphen"; the same in every version
     std::string message;
@@ -40,6 +43,9 @@ struct Finding {
 };
 
 using Findings = std::vector<Finding>;
+
+/// Adds more findings at the end.
+void append(Findings& findings, Findings more);
 
 /// Warnings of one kind that the user lets pass, as given to --accept.
 struct Acceptance {
@@ -50,7 +56,7 @@ struct Acceptance {
 /// Reads "KIND" or "KIND:FILE". Nothing if one of them is empty.
 [[nodiscard]] std::optional<Acceptance> parseAcceptance(const std::string& text);
 
-/// Marks the warnings that `acceptances` meet as accepted. Errors cannot be accepted. An acceptance that meets no
+/// Marks the warnings that the acceptances meet as accepted. Errors cannot be accepted. An acceptance that meets no
 /// warning is a warning itself, about no file.
 void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptances);
 
@@ -68,11 +74,11 @@ void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptanc
 /// "3 errors, 1 warning, 2 accepted", without the last part if there are none; or "no findings".
 [[nodiscard]] std::string summaryOf(const Findings& findings);
 
-/// {"errors", "warnings", "accepted", "findings"}: each finding with "file", the name in the set, "path", perhaps
-/// "line" and "column", "severity", "kind", "message" and "accepted".
+/// {"errors", "warnings", "accepted", "findings"}: each finding with "file", the name in the set, "path", "line"
+/// and "column" if it has a position, "severity", "kind", "message" and "accepted".
 [[nodiscard]] nlohmann::ordered_json jsonOf(const Findings& findings);
 
-/// A report as it is printed, in UTF-8 whatever the names in it are.
+/// A report as text in UTF-8; bytes of names that are not UTF-8 are replaced.
 [[nodiscard]] std::string textOf(const nlohmann::ordered_json& report);
 
 /// "1 error", "2 errors".
@@ -81,7 +87,9 @@ void acceptFindings(Findings& findings, const std::vector<Acceptance>& acceptanc
 /// "soft hyphen", "soft hyphen (x2)".
 [[nodiscard]] std::string countedName(const std::string& name, std::size_t count);
 
-/// A name or text from outside in one line of UTF-8: control characters and what is not UTF-8 become U+FFFD.
+[[nodiscard]] std::string utf8Of(const icu::UnicodeString& text);
+
+/// A name or text from outside as one line of UTF-8: control characters and bytes that are not UTF-8 become U+FFFD.
 [[nodiscard]] std::string printable(const std::string& text);
 
 }  // namespace zev

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 
+#include "authoring/finding.h"
 #include "console/code_page_loss.h"
 #include "console/terminal_columns.h"
 
@@ -12,7 +13,7 @@ namespace zev {
 
 namespace {
 
-/// What neighbouring characters must share to stand in one element.
+/// How a character is shown. Neighbours of the same style share an element.
 struct CellStyle {
     bool isWide = false;
     bool isBeyondEdge = false;
@@ -42,10 +43,9 @@ std::string namesOf(LossMask mask, const LostCharacters& lost) {
     return names;
 }
 
-/// A run of characters of one style that ends before the cell `end` of the page.
+/// A run of characters of one style; `end` is the cell of the page after its last one.
 std::string runOfCells(const CellStyle& style, const icu::UnicodeString& run, int32_t end, const LostCharacters& lost) {
-    std::string bytes;
-    std::string html = escapeHtml(run.toUTF8String(bytes));
+    std::string html = escapeHtml(utf8Of(run));
     if (style.isWide) {
         const std::string cells = "--n:" + std::to_string(run.countChar32()) + ";--c:" + std::to_string(end);
         html = element("b", {{"style", cells}}, html);
@@ -83,7 +83,7 @@ std::string cssString(const std::string& text) {
     std::string css = "\"";
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
-        // Beyond ASCII nothing has a meaning of its own; in it, what is no letter or digit may have one.
+        // Signs of ASCII can have a meaning in CSS; letters, digits and other characters have none.
         if (byte >= 0x80 || u_isalnum(byte)) {
             css += character;
             continue;
@@ -100,7 +100,7 @@ std::string lineOfCells(const icu::UnicodeString& line, int32_t width, const Los
     CellStyle style;
     icu::UnicodeString run;
     int64_t column = 0;  // of the terminal
-    int32_t cells = 0;   // of the page, which shows what takes no column as a symbol
+    int32_t cells = 0;   // of the page, which shows a symbol for a character that takes no column
     for (int32_t i = 0; i < line.length() - 1;) {
         const UChar32 character = line.char32At(i);
         i += U16_LENGTH(character);

@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 
+#include "authoring/finding.h"
 #include "console/code_page_loss.h"
 #include "console/terminal_columns.h"
 #include "lang/languages.h"
@@ -69,7 +70,7 @@ constexpr const LanguageProfile* findProfile(std::string_view code) {
 ZEV_LANGUAGES(HAS_PROFILE)
 #undef HAS_PROFILE
 
-/// The words that any text in a language of Latin script is full of, whatever it is about.
+/// The frequent words of each language in Latin script, which any text has, whatever it is about.
 constexpr struct {
     std::string_view code;
     std::u16string_view words;
@@ -106,13 +107,18 @@ constexpr struct {
            u"ki kendi mi ne olan olarak olduğu ona onun sadece siz size sizin tarafından tüm üzere var ve veya ya"},
 };
 
-constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; Han alone is Chinese
-constexpr int64_t leastShareOfSome = 10;      ///< one in so many columns; a text that names many products has more
+constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; a text with fewer is Chinese
+constexpr int64_t leastShareOfSome = 10;      ///< one in so many columns; even a text that names many products has more
 
-constexpr int letterGroups = 400;      ///< that the library's models hold
-constexpr int32_t shortestText = 400;  ///< code units; below, the comparison is a toss-up
-constexpr double clearly = 1.05;       ///< times as far from the one language as from the other
-constexpr int noLimit = 1 << 30;       ///< of a comparison that is not to be given up early
+/// Of the characters of a text, those that one code page of Chinese lacks and the other has. Names from the other side
+/// have some, but by far not so many.
+constexpr double clearlyMoreLost = 0.10;
+
+constexpr int letterGroups = 400;      ///< in each model of the library
+constexpr int32_t shortestText = 400;  ///< code units; a shorter text is often taken for another language
+constexpr double clearly =
+    1.05;  ///< so many times as far from its own language as from the nearest; less can be chance
+constexpr int noLimit = 1 << 30;  ///< for the library, which stops a comparison at the limit
 
 using Fingerprint = std::unique_ptr<void, decltype([](void* fingerprint) { fp_Done(fingerprint); })>;
 
@@ -122,7 +128,7 @@ Fingerprint newFingerprint(const char* name) {
     return fingerprint;
 }
 
-/// The library reads its models from files, so each goes through one that has no name on disk. Null on failure.
+/// The library reads its models from files, so each is written to a file in memory first. Null on failure.
 Fingerprint readModel(const LanguageModel& model) {
     const int file = memfd_create(model.code, MFD_CLOEXEC);
     if (file < 0) return nullptr;
@@ -189,17 +195,16 @@ std::string betterChinese(const icu::UnicodeString& text, const std::string& cod
     const bool isTraditional = code == "zh_TW";
     if (!isTraditional && code != "zh") return "";
     const auto lost = [&](bool traditional) { return lossIn(traditional ? "Big5" : "GB2312", text).count(); };
-    const std::size_t clearlyMore = static_cast<std::size_t>(text.length()) / 10;
-    return lost(isTraditional) > lost(!isTraditional) + clearlyMore ? (isTraditional ? "zh" : "zh_TW") : "";
+    const auto limit = static_cast<std::size_t>(clearlyMoreLost * text.length());
+    return lost(isTraditional) > lost(!isTraditional) + limit ? (isTraditional ? "zh" : "zh_TW") : "";
 }
 
 std::string clearlyBetterLanguage(const icu::UnicodeString& text, const std::string& code) {
-    if (const std::string better = betterChinese(text, code); !better.empty()) return better;
+    if (std::string better = betterChinese(text, code); !better.empty()) return better;
     const auto hasCode = [&](const Fingerprint& language) { return fp_Name(language.get()) == code; };
     if (text.length() < shortestText || std::ranges::none_of(knownLanguages(), hasCode)) return "";
     constexpr int32_t enough = 1 << 16;
-    std::string bytes;
-    text.tempSubString(0, enough).toUTF8String(bytes);
+    std::string bytes = utf8Of(text.tempSubString(0, enough));
     const Fingerprint unknown = newFingerprint(nullptr);
     if (fp_Create(unknown.get(), bytes.data(), static_cast<uint4>(bytes.size()), letterGroups) == 0) return "";
 

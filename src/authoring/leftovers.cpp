@@ -3,7 +3,6 @@
 #include <unicode/localpointer.h>
 #include <unicode/regex.h>
 
-#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -14,13 +13,13 @@ namespace zev {
 
 namespace {
 
-struct LeftoverSort {
+struct LeftoverType {
     const char* name;
-    std::u16string_view beginnings;  ///< the code units that it begins with, to look nowhere else
-    const char16_t* pattern;         ///< a regular expression; words in ASCII may stand between letters of Chinese
+    std::u16string_view beginnings;  ///< the code units that it can begin with; the search tries no others
+    const char16_t* pattern;         ///< a regular expression; Chinese letters can touch words in ASCII
 };
 
-constexpr LeftoverSort sorts[]{
+constexpr LeftoverType types[]{
     // Seven equals signs below a short line underline a title.
     {"conflict marker", u"<>|=",
      uR"(^(?:<{7}|>{7}|\|{7})(?= |$)|(?=={7}$)(?<=[^\n]{20}\n|[\u2E80-\uFFFF]{10}\n|\n\n)={7})"},
@@ -39,9 +38,9 @@ constexpr LeftoverSort sorts[]{
      uR"(|[lr]aquo|bull|sect|para|middot|euro|shy|deg|szlig|[ao]elig|eth|thorn)"
      uR"(|[a-z](?:acute|grave|circ|uml|tilde|cedil|ring|caron|slash)|#[0-9]{1,7}|#x[0-9a-f]{1,6});)"},
     {"RTF", u"{", uR"(\{\\rtf)"},
-    // Names of files in Windows have small letters after the first.
+    // A name of a file in Windows, such as "C:\new", goes on with small letters.
     {"escape", u"\\", uR"(\\[nrt](?![a-z0-9_])|(?<=[.,;!?)])\\[nrt]|\\u[0-9A-Fa-f]{4})"},
-    // Addresses of pages have such values.
+    // The query of an address can have such values.
     {"quoted-printable", u"=",
      uR"((?==[0-9A-F])(?<![?&]\w{1,20})(?:(?:=[0-9A-F]{2}){2,}|=3D|=20$)"
      uR"(|(?<=\p{L})=(?:[A-F][0-9](?![0-9A-Za-z])|[89A-F][0-9A-F](?=\p{L})))|(?<=[a-z,;])=(?=\n[a-z]))"},
@@ -50,15 +49,14 @@ constexpr LeftoverSort sorts[]{
 std::string shortened(icu::UnicodeString text) {
     constexpr int32_t longest = 40;  ///< code units in a message
     if (text.length() > longest) text.replace(text.getChar32Start(longest), text.length(), u"…");
-    std::string bytes;
-    return printable(text.toUTF8String(bytes));
+    return printable(utf8Of(text));
 }
 
-/// Where a sort is found from `begin` on; false if it is nowhere.
-bool findFrom(int32_t begin, const icu::UnicodeString& text, const LeftoverSort& sort, icu::RegexMatcher& matcher) {
+/// Whether there is a leftover of a type from `begin` on; the matcher then has the first.
+bool findFrom(int32_t begin, const icu::UnicodeString& text, const LeftoverType& type, icu::RegexMatcher& matcher) {
     const std::u16string_view units(text.getBuffer(), static_cast<std::size_t>(text.length()));
     UErrorCode status = U_ZERO_ERROR;
-    for (auto at = static_cast<std::size_t>(begin); (at = units.find_first_of(sort.beginnings, at)) != units.npos;
+    for (auto at = static_cast<std::size_t>(begin); (at = units.find_first_of(type.beginnings, at)) != units.npos;
          ++at) {
         matcher.region(static_cast<int32_t>(at), text.length(), status);
         if (matcher.lookingAt(status) != 0) return true;
@@ -66,7 +64,7 @@ bool findFrom(int32_t begin, const icu::UnicodeString& text, const LeftoverSort&
     return false;
 }
 
-Findings findSort(const SetText& text, const LeftoverSort& sort, const icu::RegexPattern& pattern) {
+Findings findType(const SetText& text, const LeftoverType& type, const icu::RegexPattern& pattern) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::LocalPointer<icu::RegexMatcher> matcher(pattern.matcher(text.text, status));
     if (U_FAILURE(status)) return {};
@@ -74,31 +72,31 @@ Findings findSort(const SetText& text, const LeftoverSort& sort, const icu::Rege
     std::size_t count = 0;
     int32_t first = 0;
     std::string sample;
-    for (int32_t next = 0; findFrom(next, text.text, sort, *matcher); next = matcher->end(status)) {
+    for (int32_t next = 0; findFrom(next, text.text, type, *matcher); next = matcher->end(status)) {
         if (count++ > 0) continue;
         first = matcher->start(status);
         sample = shortened(matcher->group(status));
     }
     if (count == 0) return {};
     return {text.findingAt(first, Severity::warning, "leftover",
-                           countedName(sort.name, count) + " that was left: " + sample)};
+                           countedName(std::string(type.name) + " left in the text", count) + ": " + sample)};
 }
 
 }  // namespace
 
 Findings findLeftovers(const SetText& text) {
-    // To compile them takes longer than to search a text.
+    // Compiling them takes longer than searching a text.
     static const auto patterns = [] {
         std::vector<std::unique_ptr<icu::RegexPattern>> compiled;
-        for (const LeftoverSort& sort : sorts) {
+        for (const LeftoverType& type : types) {
             UErrorCode status = U_ZERO_ERROR;
-            compiled.emplace_back(icu::RegexPattern::compile(sort.pattern, UREGEX_MULTILINE, status));
+            compiled.emplace_back(icu::RegexPattern::compile(type.pattern, UREGEX_MULTILINE, status));
         }
         return compiled;
     }();
     Findings findings;
-    for (std::size_t i = 0; i < std::size(sorts); ++i) {
-        std::ranges::move(findSort(text, sorts[i], *patterns[i]), std::back_inserter(findings));
+    for (std::size_t i = 0; i < std::size(types); ++i) {
+        append(findings, findType(text, types[i], *patterns[i]));
     }
     return findings;
 }

@@ -6,8 +6,8 @@
 namespace zev {
 
 /// Finds what an editor, a template or a conversion has left in a text: placeholders, notes to oneself, conflict
-/// markers, markup and escapes. One finding for each sort of them, where the first stands. What real licences have is
-/// left alone: "[yyyy]", "____", Markdown.
+/// markers, markup and escapes. There is one finding for each type of them, at its first place. "[yyyy]", "____" and
+/// Markdown occur in real licences and are not reported.
 [[nodiscard]] Findings findLeftovers(const SetText& text);
 
 }  // namespace zev

@@ -14,10 +14,11 @@ namespace zev {
 
 namespace {
 
-// A text that was wrapped for a terminal or a page of up to 120 columns shows a long line and a short one in turn.
-// Lines beyond that are paragraphs, which zev wraps itself, and so are the shorter ones among them.
+// If a text was wrapped for more columns than the terminal has, zev shows a long line and a short one in turn. Texts
+// are wrapped for up to 120 columns. Longer lines are paragraphs, which zev wraps itself. If most lines are so long,
+// the shorter ones are paragraphs too.
 constexpr int64_t mostWrappedColumns = 120;
-constexpr std::size_t leastShareOfRagged = 10;  ///< one in so many lines; a few long ones are headings and addresses
+constexpr std::size_t leastShareOfRagged = 10;  ///< one in so many lines; fewer are headings and addresses
 
 struct TextLine {
     int32_t begin, end;  ///< code units, without the line end
@@ -28,8 +29,7 @@ struct TextLine {
 std::vector<TextLine> measuredLines(const icu::UnicodeString& text) {
     std::vector<TextLine> lines;
     for (int32_t begin = 0, next; begin < text.length(); begin = next) {
-        int32_t end = text.indexOf(u'\n', begin);
-        if (end < 0) end = text.length();
+        int32_t end = lineEnd(text, begin);
         next = end + 1;
         while (end > begin && u_isUWhiteSpace(text[end - 1])) --end;
         lines.push_back({begin, end, terminalColumns(text.tempSubStringBetween(begin, end)), end == begin});
@@ -54,9 +54,9 @@ Findings checkCarriageReturns(const SetText& text) {
                                         countedName("CR LF line ends", atLineEnds) + "; the copies get them too"));
     }
     if (elsewhere > 0) {
-        findings.push_back(
-            text.findingAt(first, Severity::warning, "carriage-return",
-                           countedName("CR in a line", elsewhere) + ": what follows is shown over what stands before"));
+        findings.push_back(text.findingAt(
+            first, Severity::warning, "carriage-return",
+            countedName("CR in a line", elsewhere) + ": what follows it is shown over what comes before it"));
     }
     return findings;
 }
@@ -107,27 +107,26 @@ Findings checkWideCharacters(const SetText& text, const std::vector<TextLine>& l
 Findings checkWords(const SetText& text, const ShownLanguage& language) {
     int32_t position = 0;
     if (!language.hasTooWideWord(text.text, usualWidth, position)) return {};
-    return {text.findingAt(
-        position, Severity::warning, "wide-word",
-        "a word that a line of " + std::to_string(usualWidth) + " columns cannot hold is cut, or its line overflows")};
+    return {text.findingAt(position, Severity::warning, "wide-word",
+                           "a word is too wide for a line of " + std::to_string(usualWidth) +
+                               " columns: it is cut, or its line overflows")};
 }
 
 }  // namespace
 
 Findings checkLines(const SetText& text) {
     Findings findings = checkCarriageReturns(text);
-    const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
     if (text.file.kind == TextKind::agreement && !text.text.endsWith(u"\n")) {
-        add({text.finding(Severity::warning, "last-line",
-                          "no line feed at the end; the information begins in its last line")});
+        findings.push_back(text.finding(Severity::warning, "last-line",
+                                        "no line feed at the end; the information begins in the last line"));
     }
     if (text.file.kind == TextKind::notices) return findings;
     const std::vector<TextLine> lines = measuredLines(text.text);
     const ShownLanguage language("", defaultLanguageSet,
                                  text.file.language != nullptr ? text.file.language->code : "en");
-    add(checkWrapping(text, lines));
-    add(checkWideCharacters(text, lines, language));
-    add(checkWords(text, language));
+    append(findings, checkWrapping(text, lines));
+    append(findings, checkWideCharacters(text, lines, language));
+    append(findings, checkWords(text, language));
     return findings;
 }
 

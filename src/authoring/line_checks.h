@@ -5,9 +5,9 @@
 
 namespace zev {
 
-/// Finds what harms the lines of a text on a terminal of the usual width, and its line ends: what is wrapped for
-/// another width, words and wide characters that make a line overflow, carriage returns, an agreement without a line
-/// feed at its end. Of `notices`, which are copied and never shown, only the line ends are looked at.
+/// Finds what harms the lines of a text on a terminal of the usual width: lines that are wrapped for another width,
+/// words and wide characters that make a line overflow, carriage returns, and an agreement without a line feed at its
+/// end. In `notices`, which are copied and never shown, it looks for carriage returns only.
 [[nodiscard]] Findings checkLines(const SetText& text);
 
 }  // namespace zev

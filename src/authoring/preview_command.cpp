@@ -36,9 +36,10 @@ std::vector<std::string> codesOf(const std::vector<LanguageEntry>& languages) {
     return codes;
 }
 
-/// Writes what zev shows, in UTF-8, after lines that begin with "==": figures, and the SHA-256 of the files. Each line
-/// stands after five columns, which mark it with ">" if it is too wide for the terminal. With the height of a screen,
-/// pages and prompts follow each other as they do for someone who presses Enter until the end.
+/// Writes what zev shows, in UTF-8. Lines that begin with "==" come first: figures, and the SHA-256 of the files. Each
+/// line of a text begins with a margin of five columns, which has a ">" if the line is too wide for the terminal. If
+/// the height of the screen is given, the text is shown in pages with their prompts, as a user sees it who presses
+/// Enter until the end.
 class TextPreview {
 public:
     explicit TextPreview(const PreviewCommand& preview) : preview_(preview), sums_(sumsOfSet(preview.directory)) {}
@@ -56,8 +57,8 @@ public:
             const Prompt prompt = screens.promptBelow(page);
             writeEmptyLines(prompt.emptyLines);
             writeLines(prompt.lines, {0, prompt.lines.size()});
-            if (page.end == screens.license().size() || page.begin == page.end) break;  // or no text is ever seen
-            writeEmptyLines(1);                                                         // the answer
+            if (page.end == screens.license().size() || page.begin == page.end) break;  // or the pages have no lines
+            writeEmptyLines(1);                                                         // for the answer
         }
     }
 
@@ -103,8 +104,7 @@ private:
     void writeLines(const TextLines& lines, Page page) {
         for (std::size_t i = page.begin; i < page.end; ++i) {
             const icu::UnicodeString line = lineOf(lines, i);
-            std::string bytes;
-            line.toUTF8String(bytes);
+            const std::string bytes = utf8Of(line);
             const bool isTooWide = terminalColumns(line) > preview_.width;
             std::cout << (isTooWide ? "   > " : bytes == "\n" ? "" : margin) << bytes;
         }
@@ -135,7 +135,7 @@ int previewText(const PreviewCommand& preview) {
     return status;
 }
 
-/// Tells someone who waits at a terminal how far the work is, from the second second on.
+/// Tells a user at a terminal how far the work is, if it takes longer than a second.
 class Progress {
 public:
     explicit Progress(std::size_t all) : all_(all) {}
@@ -161,7 +161,7 @@ private:
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-/// The findings of what a page shows. If languages were named, nothing but their texts and the terms is on it.
+/// The findings about what the page shows: if languages were named, their texts and the terms.
 Findings findingsFor(const PreviewCommand& preview, Findings findings) {
     if (preview.languages.empty()) return findings;
     std::vector<std::string> shown{nonVurTermsName};
@@ -172,7 +172,7 @@ Findings findingsFor(const PreviewCommand& preview, Findings findings) {
     return findings;
 }
 
-/// A page that cannot be written to its end is removed.
+/// Writes the page. If that fails before its end, the file is removed. Returns the exit status.
 int writePage(const std::string& path, const std::string& html) {
     namespace fs = std::filesystem;
     std::ofstream file(path, std::ios::binary);

@@ -16,20 +16,20 @@ namespace zev {
 
 namespace {
 
-constexpr std::size_t shortSum = 16;  ///< digits of a fingerprint that are enough to tell it, as for zev-ask
+constexpr std::size_t shortSum = 16;  ///< digits of the fingerprint in a margin; the last sheet of a part has all
 
 std::string number(std::size_t count) { return element("td", {{"class", "number"}}, std::to_string(count)); }
 
-/// Elements that each stand on a line of their own.
+/// An element that is followed by a line feed, to keep the page readable as text.
 std::string block(const char* name, std::initializer_list<Attribute> attributes, const std::string& content) {
     return element(name, attributes, content) + "\n";
 }
 
-/// The language tag of HTML, which tells the browser the shapes of Chinese characters.
+/// The language tag of HTML, by which the browser chooses the shapes of Chinese characters.
 std::string tagOf(const std::string& code) { return code == "zh" ? "zh-Hans" : code == "zh_TW" ? "zh-Hant" : code; }
 
 std::string listOf(const Findings& findings) {
-    if (findings.empty()) return block("p", {}, "Nothing was found.");
+    if (findings.empty()) return block("p", {}, "No findings.");
     std::string list;
     const std::string lines = listFindings(findings);
     for (std::size_t begin = 0, end; (end = lines.find('\n', begin)) != std::string::npos; begin = end + 1) {
@@ -48,7 +48,8 @@ Findings findingsIn(std::span<const std::string> names, const Findings& findings
     return own;
 }
 
-/// The SHA-256 of files, of all where none is named, as far as they are there, and the fingerprint of the set.
+/// The SHA-256 of the named files, or of all if none is named, and the fingerprint of the set. Files that are not there
+/// are left out.
 std::string listOfSums(std::span<const std::string> names, const SetSums& sums) {
     std::string list;
     for (const auto& [name, sum] : sums.files) {
@@ -70,7 +71,7 @@ std::string linksTo(const std::string& id) {
     return block("nav", {{"aria-label", id}}, links);
 }
 
-/// The screens of one text. Code pages that lose characters are those of its readers.
+/// The screens of one text. `codePages` are those in which lost characters are counted.
 class TextScreens {
 public:
     TextScreens(std::string id, std::string tag, std::vector<std::string> codePages, const icu::UnicodeString& text)
@@ -83,7 +84,7 @@ public:
         }
     }
 
-    /// The cells of the overview, for a terminal of the usual size.
+    /// The cells of the overview; the figures are for a terminal of the usual size.
     [[nodiscard]] std::string figures(const TextLines& lines, std::size_t pages) const {
         return number(lines.size()) + number(pages) + number(tooWideLines(lines, usualWidth)) +
                element("td", {{"class", "losses"}}, losses_.empty() ? "none" : losses_);
@@ -96,7 +97,7 @@ public:
                          counted(tooWideLines(lines, width), "line") + " too wide");
     }
 
-    /// Lines as they stand on a terminal, with a rule after the first `rule` of them if that is not 0.
+    /// Lines as a terminal shows them, with a rule after the first `rule` of them if that is not 0.
     [[nodiscard]] std::string screen(int32_t width, const TextLines& lines, const std::string& what,
                                      std::size_t rule = 0, const std::string& ruleText = "") const {
         const std::size_t firstEnd = rule > 0 ? rule : lines.size();
@@ -127,7 +128,7 @@ private:
 std::string languageScreens(const TextScreens& text, int32_t width, const Screens& shown, const Boundary& boundary,
                             const std::string& code) {
     const std::string agreement = agreementName(code), information = informationName(code);
-    const std::string rule = boundary.isInLine ? information + " begins within the line above, since " + agreement +
+    const std::string rule = boundary.isInLine ? information + " begins within the line above, because " + agreement +
                                                      " ends without a line feed"
                                                : agreement + " ends here, and " + information + " begins";
     return TextScreens::at(width, text.heading(width, shown.license(), shown.pageCount()) +
@@ -140,7 +141,7 @@ std::string languageScreens(const TextScreens& text, int32_t width, const Screen
                                       text.screen(width, shown.confirmation(), "The question whether to decline"));
 }
 
-/// The code pages of languages, or the one that was asked for.
+/// The code pages of the languages, or only `codePage` if that is not empty.
 std::vector<std::string> codePagesOf(std::span<const std::string> codes, const std::string& codePage) {
     if (!codePage.empty()) return {printable(codePage)};
     std::vector<std::string> pages;
@@ -154,7 +155,7 @@ std::vector<std::string> codePagesOf(std::span<const std::string> codes, const s
 
 constexpr const char* legend =
     "<p class=\"legend\"><span class=\"lost\">lost in a code page</span> <span class=\"beyond\">beyond the edge of the "
-    "screen</span> <span class=\"symbol\">no shape of its own: obeyed or hidden by the terminal</span></p>\n";
+    "screen</span> <span class=\"symbol\">no shape of its own: the terminal obeys or hides it</span></p>\n";
 
 constexpr const char* overviewHead =
     "<thead><tr><th scope=\"col\">Text</th>"
@@ -175,7 +176,7 @@ std::string sheetStyle(const std::string& name, const std::string& margin) {
 }
 
 constexpr const char* signatureLines =
-    "<div class=\"lines\"><span>Read and found right (name)</span><span>Date</span><span>Signature</span></div>\n";
+    "<div class=\"lines\"><span>Read and approved (name)</span><span>Date</span><span>Signature</span></div>\n";
 
 }  // namespace
 
@@ -185,8 +186,7 @@ PreviewPage::PreviewPage(const PreviewCommand& preview, const Findings& findings
 bool PreviewPage::addLanguage(const LanguageEntry& entry) {
     const std::string code = entry.code;
     ShownLanguage language(preview_.directory, preview_.languageSet, code);
-    std::string name;
-    language.name().toUTF8String(name);
+    const std::string name = utf8Of(language.name());
     Part part{.id = code,
               .title = entry.englishName + (" (" + element("span", {{"lang", tagOf(code)}}, escapeHtml(name)) + ")"),
               .sheetTitle = entry.englishName + (" (" + code + ")"),
@@ -234,7 +234,7 @@ void PreviewPage::add(const Part& part) {
 
     const std::string sums = listOfSums(part.files, sums_);
     const std::string signature =
-        block("p", {}, "This is signed, by the SHA-256 of its files:") + sums + signatureLines;
+        block("p", {}, "The signature is for the files with these SHA-256:") + sums + signatureLines;
     parts_ += block("section", {{"class", "part sheet-" + part.id}},
                     "\n" + block("h2", {{"id", part.id}}, part.title) + sums +
                         (part.screens.empty() ? "" : linksTo(part.id)) + listOf(findings) + part.screens +
@@ -262,8 +262,8 @@ std::string PreviewPage::html() const {
     const std::string files =
         block("h2", {{"id", "files"}}, "Files") +
         block("p", {},
-              "The SHA-256 of each. The fingerprint is that of the lines that sha256sum prints for them, in this "
-              "order; zev-ask records it with every acceptance.") +
+              "The fingerprint is the SHA-256 of the lines that sha256sum prints for these files, in this order. "
+              "zev-ask records it with every acceptance.") +
         listOfSums({}, sums_);
     const std::string body = block("a", {{"class", "skip"}, {"href", "#languages"}}, "To the texts") +
                              block("header", {}, "\n" + header) +

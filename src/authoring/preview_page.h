@@ -13,18 +13,19 @@
 
 namespace zev {
 
-/// A review of a licence directory as one page of HTML, for people without a terminal, to be read, printed and signed.
-/// Nothing in it runs or is fetched, and it is the same for the same files.
+/// A review of a licence directory as one page of HTML, which people without a terminal can read, print and sign. The
+/// page runs nothing and fetches nothing, and it is the same for the same files.
 class PreviewPage {
 public:
     /// The columns of the terminals on which the page shows each text.
     static constexpr int32_t widths[]{40, usualWidth, 132};
 
-    /// `findings` are those that `check` has of what the page shows, `sums` those of all files. All outlive the page.
+    /// `findings` are those of `check` about what the page shows, `sums` are those of all files. All three arguments
+    /// must outlive the page.
     PreviewPage(const PreviewCommand& preview, const Findings& findings, const SetSums& sums);
 
-    /// Adds a language: a row of the overview, and a part with its screens. False if zev could not show it, which the
-    /// page says too.
+    /// Adds a language: a row of the overview, and a part with its screens. False if zev cannot show it; the page says
+    /// so too.
     bool addLanguage(const LanguageEntry& language);
 
     /// Adds the terms of other parties in the same way; they are laid out at `widths`.
@@ -39,7 +40,7 @@ private:
         std::string title;       ///< as HTML
         std::string sheetTitle;  ///< as text, for the margins of its sheets
         std::vector<std::string> files;
-        std::string figures;  ///< cells of the overview; none if zev cannot show it
+        std::string figures;  ///< cells of the overview; empty if zev cannot show it
         std::string screens;
     };
     void add(const Part& part);

@@ -22,7 +22,7 @@ constexpr std::string_view sourceSuffix = ".txt";
 
 const char* nameOfEncoding(Encoding encoding) {
     switch (encoding) {
-        case Encoding::utf8: return "zero bytes";
+        case Encoding::utf8: return "mostly zero bytes";
         case Encoding::utf16: return "UTF-16, as some editors save a text";
         case Encoding::utf16LittleEndian: return "UTF-16 without a byte order mark";
         case Encoding::utf32: return "UTF-32";
@@ -31,12 +31,13 @@ const char* nameOfEncoding(Encoding encoding) {
     return "";
 }
 
-/// English in UTF-16 without a mark is well-formed UTF-8, but nearly every second byte of it is zero.
+/// English in UTF-16 without a byte order mark is well-formed UTF-8, but nearly every second byte of it is zero.
 bool isHalfZeros(const std::string& bytes) {
-    return 5 * std::ranges::count(bytes, '\0') >= 2 * static_cast<std::ptrdiff_t>(bytes.size());
+    constexpr double leastZeros = 0.4;  // of the bytes; quotation marks and dashes have none
+    return static_cast<double>(std::ranges::count(bytes, '\0')) >= leastZeros * static_cast<double>(bytes.size());
 }
 
-/// The texts that a set is made of, as far as they are there.
+/// The texts that a set is made from, and those that are missing.
 class Sources {
 public:
     explicit Sources(const BuildOptions& options)
@@ -61,18 +62,18 @@ public:
         return missingOf(TextKind::agreement).size() < languagesOfSet(options_.languageSet).size();
     }
 
-    /// What `check` finds in the texts, and texts for which there is none.
+    /// What `check` finds in the texts, those that are missing, and those that cannot be read.
     [[nodiscard]] Findings findings() const {
         Findings findings = unreadable_;
         for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
-            std::ranges::move(findMissing(kind), std::back_inserter(findings));
+            append(findings, findMissing(kind));
         }
-        std::ranges::move(checkTexts(texts_, standIn_), std::back_inserter(findings));
+        append(findings, checkTexts(texts_, standIn_));
         std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
         return findings;
     }
 
-    /// The files of the set; the findings are not fatal.
+    /// The files of the set. To be called if the findings are not fatal.
     [[nodiscard]] DirectoryContent content() const {
         DirectoryContent content;
         for (const SetText& text : texts_) {
@@ -187,8 +188,8 @@ bool isReadme(const std::string& name) {
            (name.size() == readme.size() || name[readme.size()] == '.');
 }
 
-/// The files of a directory that are no text of any set, hidden ones and README aside. In one of them may be a text
-/// that its author believes to be in the set.
+/// The files of a directory that belong to no set, without hidden files and README. Its author may believe that the
+/// text in one of them is in the set.
 std::vector<std::string> otherFiles(const std::string& directory, std::string& problem) {
     const auto files = filesOfSet(defaultLanguageSet);
     std::vector<std::string> names;
@@ -209,7 +210,7 @@ Findings misnamedSources(const std::string& directory, const std::vector<std::st
                             {},
                             Severity::warning,
                             "name",
-                            "not the name of a text of any set, so it is left out"});
+                            "a file of this name belongs to no set and is left out"});
     }
     return findings;
 }
@@ -231,8 +232,8 @@ Finding noAgreements(const std::string& directory, const std::vector<std::string
             Severity::error,
             "missing",
             texts.empty() ? "no agreement LA_xx.txt, and no other text file"
-                          : "no agreement LA_xx.txt, but " + texts +
-                                "; if one text is for all languages, name that file, and its language with --lang"};
+                          : "no agreement LA_xx.txt, only " + texts +
+                                "; if one of them is for all languages, give its path, and its language with --lang"};
 }
 
 }  // namespace
@@ -244,9 +245,9 @@ BuildResult buildSet(const std::string& sourcePath, const std::string& output, c
     const auto status = std::filesystem::status(sourcePath, error);
     const bool isOneText = std::filesystem::exists(status) && !std::filesystem::is_directory(status);
     if (isOneText && options.language.empty()) {
-        result.problem = sourcePath + ": one text; name its language, such as --lang en";
+        result.problem = sourcePath + ": one text; give its language, such as --lang en";
     } else if (std::filesystem::is_directory(status) && !options.language.empty()) {
-        result.problem = sourcePath + ": a directory; --lang is the language of one text";
+        result.problem = sourcePath + ": a directory; --lang is for one text";
     } else if (isOneText) {
         sources.readAgreement(sourcePath);
         result.findings = sources.findings();
@@ -254,7 +255,7 @@ BuildResult buildSet(const std::string& sourcePath, const std::string& output, c
         sources.readDirectory(sourcePath);
         if (sources.hasAgreements()) {
             result.findings = misnamedSources(sourcePath, others);
-            std::ranges::move(sources.findings(), std::back_inserter(result.findings));
+            append(result.findings, sources.findings());
         } else {
             result.findings = {noAgreements(sourcePath, others)};
         }

@@ -1,7 +1,6 @@
 #include "authoring/set_checks.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <vector>
 
@@ -22,7 +21,7 @@ const char* encodingError(Encoding encoding) {
     switch (encoding) {
         case Encoding::utf16: break;
         case Encoding::utf16LittleEndian:
-            return "UTF-16 in little-endian order without a mark; zev shows it as Chinese characters. "
+            return "UTF-16 in little-endian order without a byte order mark; zev shows it as Chinese characters. "
                    "Put the bytes FF FE before it";
         case Encoding::utf8:
             return "UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build";
@@ -40,7 +39,7 @@ public:
 
     Findings run(const std::vector<std::string>& names) {
         for (const SetFile& file : filesOfSet(options_.languageSet)) readFile(file);
-        std::ranges::move(checkTexts(texts_, options_.standIn), std::back_inserter(findings_));
+        append(findings_, checkTexts(texts_, options_.standIn));
         for (const auto& [code, englishName] : languagesOfSet(options_.languageSet)) checkLayout(code);
         std::ranges::stable_sort(findings_, {},
                                  [this](const Finding& finding) { return order_.at(finding.file.name); });
@@ -84,7 +83,7 @@ private:
         if (!language.load()) return;  // the files have findings that say why
         if (language.layOut({})) return;
         addFinding(agreementName(code), Severity::error, "layout",
-                   "cannot be laid out; zev ends with " + std::to_string(exit_code::noLayout));
+                   "cannot be laid out; zev ends with exit status " + std::to_string(exit_code::noLayout));
     }
 
     const std::string& directory_;

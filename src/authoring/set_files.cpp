@@ -28,7 +28,7 @@ icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text) {
     return result;
 }
 
-/// Whether the bytes of a file are those that its own text would be written as.
+/// Whether a file has the bytes that `finishedText` makes of its text.
 bool isFinished(const std::filesystem::path& path, const SetFile& file) {
     const FileContent content = readRegularFile(path);
     return content.good() && finishedText(decodeText(content.bytes, file.language).text, file.kind) == content.bytes;

@@ -18,10 +18,10 @@ enum class TextKind { agreement, information, otherPartiesTerms, notices };
 struct SetFile {
     std::string name;
     TextKind kind;
-    const LanguageProfile* language;  ///< null for the two that serve all languages, which are optional
+    const LanguageProfile* language;  ///< null for the two files for all languages, which are optional
 };
 
-/// The text of a file of a set, whatever its encoding was.
+/// The text of a file of a set, decoded.
 struct SetText {
     SetFile file;
     std::string path;  ///< as the user can open it
@@ -47,16 +47,17 @@ struct SetText {
 /// The name of the agreement or of the information in a language.
 [[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);
 
-/// A text without what zev would take for characters like any other: byte order marks at the start, and carriage
-/// returns (one that is not part of a line end becomes a line feed). An agreement ends with a line feed.
+/// A text without byte order marks at the start and without carriage returns, which zev would show like other
+/// characters. A carriage return that is not part of a line end becomes a line feed. An agreement gets a line feed at
+/// its end if it has none.
 [[nodiscard]] icu::UnicodeString repairedText(icu::UnicodeString text, TextKind kind);
 
-/// The bytes of a text as it stands in a set: repaired, in UTF-16, big-endian with a mark; the information begins with
-/// a line feed. Nothing else changes.
+/// The bytes of a text in a set: the repaired text in UTF-16, big-endian with a byte order mark. Information gets a
+/// line feed at its beginning if it has none. Nothing else changes.
 [[nodiscard]] std::string finishedText(const icu::UnicodeString& text, TextKind kind);
 
-/// What ties a set to its bytes: the SHA-256 of each of its files that can be read, in the order of the fingerprint,
-/// and the fingerprint, which zev-ask asks for and records.
+/// What identifies the bytes of a set: the SHA-256 of each file that can be read, in the order of the fingerprint, and
+/// the fingerprint, which zev-ask records.
 struct SetSums {
     std::vector<FileSum> files;
     std::string fingerprint;
@@ -64,8 +65,8 @@ struct SetSums {
 
 [[nodiscard]] SetSums sumsOfSet(const std::string& directory);
 
-/// Why a directory may not be replaced by a set: it holds something that `finishedText` would not have written. Empty
-/// if it may, or is not there.
+/// Why a directory may not be replaced by a set: it holds a file that `finishedText` would not have written. Empty if
+/// it may be replaced, or is not there.
 [[nodiscard]] std::string whyNotReplaceable(const std::string& directory);
 
 }  // namespace zev

@@ -19,7 +19,7 @@ namespace zev {
 
 namespace {
 
-/// Whether opening the file could wait for ever or act on something.
+/// Whether opening the file could block or have an effect, as it can with a FIFO or a device.
 bool isSpecial(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
@@ -54,7 +54,7 @@ RunContext ShownLanguage::context() const {
 
 bool ShownLanguage::load() {
     const RunContext own = context();
-    // All that is opened on the way: the prompt asks whether there are English texts and terms of other parties.
+    // All files that are opened below: the prompt looks whether there are English texts and terms of other parties.
     for (const std::string& code : {code_, std::string("en")}) {
         if (isSpecial(agreementPath(own, code)) || isSpecial(informationPath(own, code))) return false;
     }
@@ -101,7 +101,7 @@ bool ShownLanguage::hasTooWideWord(const icu::UnicodeString& text, int32_t width
     breaks->setText(text);
     for (int32_t begin = breaks->first(), end; (end = breaks->next()) != icu::BreakIterator::DONE; begin = end) {
         if (displayWidth(dialog, text.tempSubStringBetween(begin, end)) < width) continue;
-        // Its line gets as many units as the screen has columns, be they less than the word or more.
+        // Its line gets as many code units as the screen has columns, even if the word has fewer or more.
         const bool isCut = !text.tempSubStringBetween(begin + width, end).trim().isEmpty();
         if (!isCut && terminalColumns(text.tempSubString(begin, width)) <= width) continue;
         position = begin;

@@ -23,8 +23,8 @@ namespace zev {
 
 /// Where the information begins among the lines that agreement and information are laid out in.
 struct Boundary {
-    std::size_t line = 0;   ///< how many lines have a part of the agreement; 0 if that cannot be told
-    bool isInLine = false;  ///< the information begins in the line before
+    std::size_t line = 0;   ///< how many lines have a part of the agreement; 0 if unknown
+    bool isInLine = false;  ///< the information begins in the last of these lines
 };
 
 /// One language of a licence directory, laid out by the code that zev itself runs. Traditional Chinese, which zev only
@@ -33,7 +33,7 @@ class ShownLanguage {
 public:
     ShownLanguage(std::string directory, int languageSet, std::string code);
 
-    /// Reads the agreement and the information, which must be regular files. False when zev could not load them.
+    /// Reads the agreement and the information, which must be regular files. False if zev could not load them.
     [[nodiscard]] bool load();
 
     /// Agreement and information up to the first U+0000, after `load`.
@@ -42,7 +42,7 @@ public:
     /// The language's own name.
     [[nodiscard]] icu::UnicodeString name() const;
 
-    /// What zev shows on a screen of a size, after `load`; null when there is nothing to lay out.
+    /// What zev shows on a screen of this size, after `load`. Null if there is nothing to lay out.
     [[nodiscard]] std::unique_ptr<const Screens> layOut(ScreenSize size) const;
 
     /// Where the information begins in `license`, which is laid out at `width` columns.
@@ -51,13 +51,13 @@ public:
     /// Lays out a text as zev does while it speaks this language. Null if it is empty.
     [[nodiscard]] std::unique_ptr<TextLines> layOutText(const icu::UnicodeString& text, int32_t width) const;
 
-    /// Whether `text` has a word that zev cuts because it is wider than a line, or whose line it lets overflow;
-    /// `position` is that of the first, in code units.
+    /// Whether `text` has a word that is wider than a line, so that zev cuts it or lets its line overflow. `position`
+    /// is then the offset of the first such word, in code units.
     [[nodiscard]] bool hasTooWideWord(const icu::UnicodeString& text, int32_t width, int32_t& position) const;
 
 private:
-    /// Made anew for each use: where the continue prompt switches languages, it takes Traditional for Simplified
-    /// Chinese on the way back, as zev does.
+    /// A new context for each use, because the continue prompt changes it: it switches to another language and back,
+    /// and, as in zev, Traditional Chinese is Simplified Chinese afterwards.
     [[nodiscard]] RunContext context() const;
 
     std::string directory_, code_;
@@ -66,19 +66,19 @@ private:
     int32_t agreementEnd_ = 0;  ///< in `text_`
 };
 
-/// The terms of other parties as they are shown to those who read one of some languages.
+/// The terms of other parties as they are shown to readers of some languages.
 struct ShownTerms {
-    std::vector<std::string> codes;  ///< of the languages
+    std::vector<std::string> codes;  ///< of these languages
     icu::UnicodeString text;
     std::vector<std::unique_ptr<TextLines>> lines;  ///< for each width
-    bool isSameInAll = true;                        ///< or other languages break its lines in other places
+    bool isSameInAll = true;                        ///< false if other languages break its lines in other places
 
     /// Such as "ja, ko".
     [[nodiscard]] std::string languages() const;
 };
 
-/// Lays out the terms of other parties for screens of some widths and readers of some languages, which share a result
-/// if all of it is the same. Nothing if the directory has no terms, or none that zev could show.
+/// Lays out the terms of other parties for screens of some widths and readers of some languages. Languages share a
+/// result if the lines are the same at all widths. Empty if the directory has no terms that zev could show.
 [[nodiscard]] std::vector<ShownTerms> layOutTerms(const std::string& directory, std::span<const std::string> codes,
                                                   std::span<const int32_t> widths);
 

@@ -3,8 +3,8 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
-#include <iterator>
 #include <map>
+#include <tuple>
 #include <vector>
 
 #include "authoring/character_checks.h"
@@ -24,8 +24,8 @@ bool hasVisibleText(const icu::UnicodeString& text) {
     return false;
 }
 
-/// Tells a list of names from sentences. Between its commas and line ends stand a few words, and those of longer names
-/// begin with capitals.
+/// Tells a list of names from sentences. Between the commas and line ends of a list there are few words, and the words
+/// of longer names begin with capitals.
 class ListOrProse {
 public:
     [[nodiscard]] static bool isList(const icu::UnicodeString& text) {
@@ -44,9 +44,10 @@ public:
     }
 
 private:
-    static constexpr int64_t leastShareOfProse = 3;   ///< one in so many letters; headings and names take the others
+    static constexpr int64_t leastShareOfProse =
+        3;  ///< one in so many letters; the others are those of headings and names
     static constexpr int64_t leastWordsOfClause = 4;  ///< in a row
-    static constexpr int64_t leastWideLetters = 8;    ///< in a row: Chinese and Japanese have no blanks
+    static constexpr int64_t leastWideLetters = 8;    ///< in a row; Chinese and Japanese have no blanks between words
 
     static bool endsPart(UChar32 character) {
         return u_ispunct(character) && character != u'-' && character != u'\'' && character != u'’';
@@ -61,7 +62,8 @@ private:
     }
 
     void endPart() {
-        const bool isClause = part_.words >= leastWordsOfClause && 2 * part_.capitalized <= part_.words;
+        const bool hasCapitals = 2 * part_.capitalized > part_.words;  // most words, as those of a name
+        const bool isClause = part_.words >= leastWordsOfClause && !hasCapitals;
         if (isClause || part_.wideLetters >= leastWideLetters) inProse_ += part_.letters;
         letters_ += part_.letters;
         part_ = {};
@@ -82,18 +84,18 @@ Findings checkLanguage(const SetText& text) {
         return {text.finding(Severity::warning, "script", "most letters are not of the language's script")};
     }
     if (fit == ScriptFit::hardlyAny) {
-        // The information may well be a list of names, an agreement never is.
+        // The information can be a list of names; an agreement never is.
         const bool mayBeRight = text.file.kind == TextKind::information && ListOrProse::isList(text.text);
         return {text.finding(mayBeRight ? Severity::warning : Severity::error, "script",
                              "hardly any letter is of the language's script")};
     }
     const std::string better = clearlyBetterLanguage(text.text, language->code);
     if (better.empty()) return {};
-    return {
-        text.finding(Severity::warning, "language", "most of it reads like " + better + "; are two files swapped?")};
+    return {text.finding(Severity::warning, "language",
+                         "most of the text reads like \"" + better + "\"; are two files swapped?")};
 }
 
-/// The texts without blanks and line feeds around them, of which `build` adds one.
+/// The texts without the blanks and line feeds at their ends. `build` adds a line feed to some.
 std::vector<icu::UnicodeString> trimmed(std::span<const SetText> texts) {
     std::vector<icu::UnicodeString> trimmed;
     for (const SetText& text : texts) trimmed.push_back(icu::UnicodeString(text.text).trim());
@@ -118,15 +120,16 @@ public:
     [[nodiscard]] Findings check(std::size_t index) const {
         const SetText& text = texts_[index];
         if (!hasVisibleText(text.text)) {
-            // A product may have nothing to say there, but the file must be there.
+            // A product may have no information to give, but zev needs the file.
             if (text.file.kind == TextKind::information) return {};
             return {text.finding(Severity::error, "empty", "empty")};
         }
         Findings findings = compare(index);
-        for (Findings more : {checkLines(text), checkCharacters(text), findLeftovers(text)}) {
-            std::ranges::move(more, std::back_inserter(findings));
-        }
-        std::ranges::stable_sort(findings, {}, &Finding::position);
+        append(findings, checkLines(text));
+        append(findings, checkCharacters(text));
+        append(findings, findLeftovers(text));
+        const auto place = [](const Finding& f) { return std::tie(f.position.line, f.position.column); };
+        std::ranges::stable_sort(findings, {}, place);
         return findings;
     }
 
@@ -136,7 +139,7 @@ private:
         return language != nullptr && language->code == original_;
     }
 
-    /// A text with the others.
+    /// Compares a text with the others.
     [[nodiscard]] Findings compare(std::size_t index) const {
         const SetText& text = texts_[index];
         const auto original = originals_.find(text.file.kind);
@@ -149,20 +152,20 @@ private:
                 text.finding(Severity::warning, "same-text", "the same text as " + texts_[first].file.name));
         }
         if (isStandIn) return findings;
-        const auto add = [&](Findings more) { std::ranges::move(more, std::back_inserter(findings)); };
-        add(checkLanguage(text));
-        add(checkForeignLetters(text));
-        if (hasOriginal) add(comparisons_.at(text.file.kind).compare(text));
+        append(findings, checkLanguage(text));
+        append(findings, checkForeignLetters(text));
+        if (hasOriginal) append(findings, comparisons_.at(text.file.kind).compare(text));
         return findings;
     }
 
     std::span<const SetText> texts_;
     std::vector<icu::UnicodeString> trimmed_;
     const std::string& standIn_;
-    const std::string original_;                        ///< a language
-    std::map<TextKind, std::size_t> originals_;         ///< the texts in it
-    std::map<TextKind, TextComparison> comparisons_;    ///< with them
-    std::map<icu::UnicodeString, std::size_t> firsts_;  ///< of equal texts, those of the original's language first
+    const std::string original_;                      ///< the code of its language
+    std::map<TextKind, std::size_t> originals_;       ///< the index of the original of each kind
+    std::map<TextKind, TextComparison> comparisons_;  ///< with these originals
+    std::map<icu::UnicodeString, std::size_t>
+        firsts_;  ///< for each text the index of one that equals it, of the original if it does
 };
 
 }  // namespace
@@ -170,7 +173,7 @@ private:
 Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) {
     const TextChecks checks(texts, standIn);
     Findings findings;
-    for (std::size_t i = 0; i < texts.size(); ++i) std::ranges::move(checks.check(i), std::back_inserter(findings));
+    for (std::size_t i = 0; i < texts.size(); ++i) append(findings, checks.check(i));
     return findings;
 }
 

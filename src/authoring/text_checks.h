@@ -8,11 +8,11 @@
 
 namespace zev {
 
-/// Checks what texts hold, each by itself and compared with the original: the text of the same kind in the language
-/// `standIn`, or in English if that is empty. A text that equals the original is no translation and is not judged as
-/// one; it is a finding unless `standIn` is given. Findings come text by text, then by line.
+/// Checks each text by itself, and compares it with the original: the text of the same kind in the language `standIn`,
+/// or in English if that is empty. A text that equals the original is not judged as a translation; it is a finding
+/// unless `standIn` is given. Findings are in the order of the texts, and in each text by line.
 ///
-/// Line ends are line feeds: whoever checks sources makes them so first, which does not change the numbers of lines.
+/// Lines end in line feeds. The caller replaces other line ends of sources first, and keeps the numbers of the lines.
 [[nodiscard]] Findings checkTexts(std::span<const SetText> texts, const std::string& standIn);
 
 }  // namespace zev

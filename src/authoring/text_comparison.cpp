@@ -14,14 +14,15 @@ namespace zev {
 
 namespace {
 
-// Translators join and part paragraphs now and then; true translations were seen to differ by 5 %.
+// Translators join or split a paragraph now and then; real translations were seen to differ by up to 5 %.
 constexpr double mostStructuralDifference = 0.15;     ///< of the paragraphs of the original
-constexpr std::size_t leastStructuralDifference = 3;  ///< paragraphs; in short texts a heading more is many per cent
+constexpr std::size_t leastStructuralDifference = 3;  ///< paragraphs; of a short text, one is many per cent already
 
-constexpr int64_t leastColumns = 120;  ///< of a passage to be judged; shorter ones are headings, names and addresses
-// A third to a half of the words of a sentence are such, and next to none of those of a list of names. In a translation
-// they stand in titles that are quoted.
-constexpr double mostFunctionWords = 0.20;
+constexpr int64_t leastColumns = 120;  ///< of a passage to be judged: shorter ones are headings, names and addresses
+// Of the words of a sentence, a third to a half are function words of its language. A translation has some of those of
+// the original, in titles that it quotes. A list of names has hardly any.
+constexpr double mostFunctionWords = 0.20;  ///< of the original's language, in a translated passage
+constexpr double mostInListOfNames = 0.10;
 
 constexpr std::size_t mostListed = 3;  ///< facts in a message
 
@@ -33,8 +34,7 @@ struct TrimmedLine {
 std::vector<TrimmedLine> trimmedLines(const icu::UnicodeString& text) {
     std::vector<TrimmedLine> lines;
     for (int32_t begin = 0, next; begin < text.length(); begin = next) {
-        int32_t end = text.indexOf(u'\n', begin);
-        if (end < 0) end = text.length();
+        int32_t end = lineEnd(text, begin);
         next = end + 1;
         while (begin < end && u_isUWhiteSpace(text[begin])) ++begin;
         while (begin < end && u_isUWhiteSpace(text[end - 1])) --end;
@@ -43,7 +43,7 @@ std::vector<TrimmedLine> trimmedLines(const icu::UnicodeString& text) {
     return lines;
 }
 
-/// Paragraphs stand between empty lines.
+/// A paragraph is the text between two empty lines.
 std::size_t countParagraphs(const icu::UnicodeString& text) {
     std::size_t count = 0;
     bool isOpen = false;
@@ -61,7 +61,8 @@ struct Passage {
     int64_t columns;
 };
 
-/// Lines that are wrapped are one passage up to the next empty line; a longer line is a passage by itself.
+/// A line of more than `leastColumns` is a passage by itself. Shorter ones are wrapped: up to the next empty line, they
+/// are one passage. Shorter passages are left out.
 std::vector<Passage> longPassagesOf(const icu::UnicodeString& text) {
     std::vector<Passage> passages;
     bool isOpen = false;
@@ -91,8 +92,9 @@ Words functionWordSet(std::string_view code) {
     return set;
 }
 
-/// The share of words that are in a set. Chinese and Japanese count a word for each character. What begins with a
-/// parenthesis is the letter of an item or another ending of the word before.
+/// The share of the words of a passage that are in a set. In Chinese and Japanese, each character counts as a word. A
+/// word after a parenthesis is not looked up, because it is the letter of an item or another ending of the word before
+/// it.
 double shareOf(const Words& set, const icu::UnicodeString& passage) {
     constexpr char16_t firstEastAsian = 0x2E80;
     const auto isLetter = [&](int32_t i) { return passage.charAt(i) < firstEastAsian && u_isalpha(passage.charAt(i)); };
@@ -129,23 +131,23 @@ std::string shownFacts(const std::vector<const Fact*>& facts) {
     return facts.size() > mostListed ? list + " and " + std::to_string(facts.size() - mostListed) + " more" : list;
 }
 
-/// Tells the passages of a translation that are in the original's language.
+/// Tells which passages of a translation are in the original's language.
 class OriginalLanguage {
 public:
     OriginalLanguage(const LanguageProfile& original, const LanguageProfile& translation)
         : original_(original), translation_(translation), words_(functionWordSet(original.code)) {
         const Words others = functionWordSet(translation.code);
-        const auto without = [](const Words& words, const Words& left) {
-            Words rest = words;
-            std::erase_if(rest, [&](std::u16string_view word) { return left.contains(word); });
-            return rest;
+        const auto without = [](Words words, const Words& excluded) {
+            std::erase_if(words, [&](std::u16string_view word) { return excluded.contains(word); });
+            return words;
         };
         ownWords_ = without(words_, others);
         translationWords_ = without(others, words_);
     }
 
-    /// Whether a passage reads like it. Two languages in Latin script are told apart by the words that one of them has.
-    [[nodiscard]] bool isRead(const icu::UnicodeString& passage) const {
+    /// Whether a passage reads like it. Two languages in Latin script are told apart by the function words that only
+    /// one of them has.
+    [[nodiscard]] bool readsLikeIt(const icu::UnicodeString& passage) const {
         if (!words_.empty()) {
             return shareOf(words_, passage) > mostFunctionWords &&
                    shareOf(ownWords_, passage) > shareOf(translationWords_, passage);
@@ -153,13 +155,13 @@ public:
         const auto isWrittenIn = [&](const LanguageProfile& language) {
             return scriptFit(language, passage) == ScriptFit::most;
         };
-        const bool isChinese = original_.scripts.front() == USCRIPT_HAN;  // of which Japanese and Korean have some
+        const bool isChinese = original_.scripts.front() == USCRIPT_HAN;  // Japanese and Korean have such letters too
         return isWrittenIn(original_) && !(isChinese && isWrittenIn(translation_));
     }
 
     /// Whether a passage of the original is prose. A list of names needs no translation.
     [[nodiscard]] bool isProse(const icu::UnicodeString& passage) const {
-        return words_.empty() || shareOf(words_, passage) > mostFunctionWords / 2;
+        return words_.empty() || shareOf(words_, passage) > mostInListOfNames;
     }
 
 private:
@@ -180,9 +182,8 @@ TextComparison::TextComparison(const SetText& original)
 
 Findings TextComparison::compare(const SetText& translation) const {
     Findings findings = compareStructure(translation);
-    for (Findings more : {findUntranslated(translation), compareFacts(translation)}) {
-        std::ranges::move(more, std::back_inserter(findings));
-    }
+    append(findings, findUntranslated(translation));
+    append(findings, compareFacts(translation));
     return findings;
 }
 
@@ -209,13 +210,15 @@ Findings TextComparison::findUntranslated(const SetText& translation) const {
     };
     const auto isInOriginalsLanguage = [&](const Passage& passage) {
         const bool isCopied = longPassages_.contains(passage.text) && language.isProse(passage.text);
-        return isCopied || language.isRead(passage.text);
+        return isCopied || language.readsLikeIt(passage.text);
     };
     find(isInOriginalsLanguage, " not translated from " + original_.file.name);
 
     const std::string code = translation.file.language->code;
     const auto isInOtherChinese = [&](const Passage& passage) { return !betterChinese(passage.text, code).empty(); };
-    if (betterChinese(translation.text, code).empty()) find(isInOtherChinese, " in the other way of writing Chinese");
+    // If the whole text is in it, there is a finding that says so.
+    if (!betterChinese(translation.text, code).empty()) return findings;
+    find(isInOtherChinese, code == "zh" ? " in Traditional Chinese" : " in Simplified Chinese");
     return findings;
 }
 
@@ -225,9 +228,9 @@ Findings TextComparison::compareFacts(const SetText& translation) const {
     Findings findings;
     if (!missing.empty()) {
         const std::string line = std::to_string(positionAt(original_.text, missing.front()->first).line);
+        const char* const which = missing.size() == 1 ? " has it in line " : " has the first of them in line ";
         findings.push_back(translation.finding(
-            Severity::warning, "facts",
-            "lacks " + shownFacts(missing) + ": " + original_.file.name + " has it in line " + line));
+            Severity::warning, "facts", "lacks " + shownFacts(missing) + ": " + original_.file.name + which + line));
     }
     if (!added.empty()) {
         findings.push_back(translation.findingAt(added.front()->first, Severity::warning, "facts",

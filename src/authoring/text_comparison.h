@@ -14,10 +14,11 @@ namespace zev {
 /// Compares translations with one original.
 class TextComparison {
 public:
-    /// `original` has a language, and outlives this.
+    /// The file of `original` has a language. `original` must outlive this object.
     explicit TextComparison(const SetText& original);
 
-    /// What a translation has too much or too little, and what of it is not translated. It has a language, too.
+    /// Finds what a translation lacks, what it has beyond the original, and which parts are not translated. Its file
+    /// has a language too.
     [[nodiscard]] Findings compare(const SetText& translation) const;
 
 private:
@@ -28,7 +29,7 @@ private:
     const SetText& original_;
     const std::size_t paragraphs_;
     const Facts facts_;
-    std::set<icu::UnicodeString> longPassages_;  ///< without their line ends
+    std::set<icu::UnicodeString> longPassages_;  ///< of the original, each without line ends
 };
 
 }  // namespace zev

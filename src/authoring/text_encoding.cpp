@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "authoring/finding.h"
 #include "console/code_page_loss.h"
 
 namespace zev {
@@ -47,8 +48,8 @@ auto occurrences(const icu::UnicodeString& text, std::u16string_view units) {
     return std::ranges::count_if(all, [units](char16_t unit) { return units.find(unit) != units.npos; });
 }
 
-/// Whether there are zero bytes, for every second blank or line feed at least. Few texts of UTF-16 fail, those of East
-/// Asia with many quotation marks; of the others, none has so many.
+/// Whether zero bytes are at least half as many as blanks and line feeds, each of which has one in UTF-16. Only a few
+/// texts in UTF-16 have fewer: East Asian ones with many quotation marks. No text in another encoding has so many.
 bool hasZeroBytes(std::string_view bytes) {
     const auto zeros = occurrences(bytes, '\0');
     return zeros > 0 && 2 * zeros >= occurrences(bytes, ' ') + occurrences(bytes, '\n');
@@ -68,7 +69,8 @@ std::string encodeLine(UConverter* codePage, const icu::UnicodeString& line) {
     return U_SUCCESS(status) ? bytes : "";
 }
 
-/// The bytes E9 A0 BB are a Chinese character in UTF-8, and the end of a quotation in French.
+/// Whether a code page of Western Europe or of the language has all characters. The bytes E9 A0 BB, which end a
+/// quotation in French, are a Chinese character in UTF-8, and no French text has it.
 bool isWritableIn(const LanguageProfile* language, const icu::UnicodeString& text) {
     const auto holds = [&](const char* codePage) { return lossIn(codePage, text).count() == 0; };
     return holds(westernPage) || (language != nullptr && std::ranges::any_of(language->codePages, holds));
@@ -78,7 +80,7 @@ bool isUtf8In(UConverter* codePage, const icu::UnicodeString& line, const Langua
     const std::string bytes = encodeLine(codePage, line);
     constexpr auto isTrail = [](char byte) { return U8_IS_TRAIL(byte); };
     icu::UnicodeString decoded;
-    // One such pair can be meant, as at the end of "CAFÉ®".
+    // A line with one such pair can be right, such as "CAFÉ®".
     return std::ranges::count_if(bytes, isTrail) > 1 && decodeUtf8(bytes, decoded) == bytes.size() &&
            isWritableIn(language, decoded);
 }
@@ -90,8 +92,7 @@ DoubleEncoding findDoubleEncodingBy(const char* codePage, const icu::UnicodeStri
     const icu::LocalUConverterPointer converter(ucnv_open(codePage, &status));
     ucnv_setFromUCallBack(converter.getAlias(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     for (int32_t begin = 0, end; U_SUCCESS(status) && begin < text.length(); begin = end + 1) {
-        end = text.indexOf(u'\n', begin);
-        if (end < 0) end = text.length();
+        end = lineEnd(text, begin);
         if (!isUtf8In(converter.getAlias(), text.tempSubStringBetween(begin, end), language)) continue;
         if (found.lines++ == 0) found.first = begin;
     }
@@ -108,12 +109,12 @@ std::size_t decodeUtf8(std::string_view bytes, icu::UnicodeString& text) {
     char16_t* units = text.getBuffer(length);
     int32_t next = 0, read = 0;
     while (read < length) {
-        int32_t behind = read;
+        int32_t after = read;
         UChar32 character;
-        U8_NEXT(reinterpret_cast<const uint8_t*>(bytes.data()), behind, length, character);
+        U8_NEXT(reinterpret_cast<const uint8_t*>(bytes.data()), after, length, character);
         if (character < 0) break;
         U16_APPEND_UNSAFE(units, next, character);
-        read = behind;
+        read = after;
     }
     text.releaseBuffer(next);
     return skipped + static_cast<std::size_t>(read);
@@ -128,7 +129,8 @@ DecodedText decodeText(std::string_view bytes, const LanguageProfile* language) 
     const bool isUtf8 = decodeUtf8(bytes, asUtf8.text) == bytes.size();
     if (isUtf8 && (bytes.starts_with(utf8Mark) || !hasZeroBytes(bytes))) return asUtf8;
 
-    // A line feed of UTF-16 has one, and Korean bytes are Korean letters all the same when taken two by two.
+    // In UTF-16 a line feed has a zero byte. The script alone does not tell: pairs of bytes in a Korean code page are
+    // Korean letters of UTF-16 as well.
     if (occurrences(bytes, '\0') == 0 && occurrences(bytes, '\n') > 0) return {Encoding::codePage, {}};
     DecodedText bigEndian = utf16(bytes, Order::bigEndian);
     DecodedText littleEndian = utf16(bytes, Order::littleEndian, Encoding::utf16LittleEndian);

@@ -9,23 +9,28 @@
 #include <string_view>
 #include <vector>
 
+#include "authoring/finding.h"
+
 namespace zev {
 
 namespace {
 
-constexpr std::size_t leastDigits = 4;  ///< of a number without a sign: years, amounts and laws, not items of a list
+constexpr std::size_t leastDigits =
+    4;  ///< of a number without a sign inside: years, amounts and laws, but not the items of a list
 
-/// An address ends where ASCII ends, since Chinese goes on without a blank, and at an apostrophe, after which Turkish
-/// has its endings. The four domains need neither "https" nor "www". Without the limits, which are those of real names,
-/// a long row of letters and full stops would take time by the square of its length.
+/// An address ends where ASCII ends, because Chinese goes on without a blank, and at an apostrophe, because Turkish
+/// adds its endings there. A name in one of the four domains needs neither "https" nor "www". The limits are those of
+/// real names; without them, the time for a long row of letters and full stops would grow with the square of its
+/// length.
 constexpr const char16_t* addressPattern =
     uR"((?i)(?<![a-z0-9@])(?:[a-z0-9._+-]{1,64}@(?:[a-z0-9-]{1,63}\.){1,8}[a-z]{1,63})"
     uR"(|(?:(?:https?|ftp)://|www\.)[!-~&&[^<>"'`{|}\\^\[\]]]+)"
     uR"(|[a-z0-9-]{1,63}(?:\.[a-z0-9-]{1,63}){0,8}\.(?:com|eu|net|org)(?![a-z0-9])(?:/[!-~&&[^<>"'`{|}\\^\[\]]]*)?))";
 
-constexpr std::string_view endsNoAddress = ".,;:!?)*_/";
+/// The signs that follow an address and are no part of it.
+constexpr std::string_view signsAfterAddress = ".,;:!?)*_/";
 
-/// The names of countries that are not those of their languages, in addresses such as "example.com/jp/".
+/// What addresses such as "example.com/jp/" name a language by, in addition to its code.
 constexpr struct {
     std::string_view language, part;
 } otherParts[]{
@@ -61,10 +66,10 @@ std::string comparable(std::string address) {
 
 bool isOneOf(char16_t unit, std::u16string_view units) { return units.find(unit) != units.npos; }
 
-/// The value of a digit of any script, full-width ones included; -1 for others.
+/// The value of a digit of any script; -1 for other characters.
 int digitAt(const icu::UnicodeString& text, int32_t index) { return u_charDigitValue(text.char32At(index)); }
 
-/// Chinese has digits that are written like words.
+/// The value of a digit that Chinese writes like a word; -1 for other characters.
 int chineseDigitAt(const icu::UnicodeString& text, int32_t index) {
     constexpr std::u16string_view digits = u"〇一二三四五六七八九零○";
     const char16_t unit = text.charAt(index);
@@ -98,7 +103,7 @@ struct Number {
     }
 };
 
-/// How many digits follow, up to four.
+/// How many digits begin at `index`, counted up to four.
 std::size_t digitsAfter(const icu::UnicodeString& text, int32_t index) {
     std::size_t count = 0;
     while (count < 4 && index < text.length() && digitAt(text, index) >= 0) {
@@ -136,7 +141,7 @@ public:
 
     Facts find() {
         UErrorCode status = U_ZERO_ERROR;
-        // To compile it takes longer than to search a text.
+        // Compiling it takes longer than searching a text.
         static const std::unique_ptr<icu::RegexPattern> pattern(icu::RegexPattern::compile(addressPattern, 0, status));
         const icu::LocalPointer<icu::RegexMatcher> addresses(pattern->matcher(text_, status));
         int32_t begin = 0;
@@ -155,8 +160,7 @@ public:
 
 private:
     [[nodiscard]] std::string bytesOf(int32_t begin, int32_t end) const {
-        std::string bytes;
-        return text_.tempSubStringBetween(begin, end).toUTF8String(bytes);
+        return utf8Of(text_.tempSubStringBetween(begin, end));
     }
 
     /// The end of the visible ASCII characters in a row.
@@ -171,9 +175,10 @@ private:
         return dot >= begin && dot + 1 < end;
     }
 
-    /// Returns its end.
+    /// Adds the address between two offsets. Returns its end, without the signs after it.
     int32_t addAddress(int32_t begin, int32_t end) {
-        while (end > begin && endsNoAddress.find(static_cast<char>(text_[end - 1])) != endsNoAddress.npos) --end;
+        while (end > begin && signsAfterAddress.find(static_cast<char>(text_[end - 1])) != signsAfterAddress.npos)
+            --end;
         const std::string shown = bytesOf(begin, end), address = comparable(shown);
         facts_.try_emplace(address, Fact{begin, shown, withoutLanguage(address, language_)});
         return end;

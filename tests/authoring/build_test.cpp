@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Names in a directory below the sandbox, hidden ones too.
+/// The names in a directory of the sandbox, with those of hidden files.
 std::set<std::string> namesIn(const Sandbox& sandbox, const std::string& directory) {
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(sandbox.path(directory))) names.insert(entry.path().filename());
@@ -83,7 +83,7 @@ TEST(Build, makesASetOfOneText) {
     EXPECT_EQ(texts.read("set/LA_ja"), texts.read("set/LA_de"));
     EXPECT_EQ(texts.read("set/LI_de"), utf16(u"\n"));
     EXPECT_EQ(runLicenses({"check", texts.path("set"), "--strict", "--stand-in", "de"}).exitCode, 0);
-    // In a directory, and for a language that has nothing to say there.
+    // From a directory without licence information, and with empty information in one language.
     for (const auto& [code, englishName] : languages()) texts.remove("eula/LI_" + std::string(code) + ".txt");
     EXPECT_EQ(texts.build({"--strict", "--stand-in", "en"}).exitCode, 0);
     texts.write("eula/LI_en.txt", "");
@@ -92,14 +92,14 @@ TEST(Build, makesASetOfOneText) {
     texts.write("dir/EULA.txt", "terms");
     texts.write("dir/Licence.md", "terms");
     texts.write("dir/logo.png", "\x89PNG");
-    const std::string noLanguage = ": one text; name its language", noText = ": a directory; --lang is the language of";
+    const std::string noLanguage = ": one text; give its language", noText = ": a directory; --lang is for one text";
     const std::tuple<const char*, Arguments, int, std::string> refused[]{
         {"EULA", {}, 2, noLanguage},
         {"eula", {"--lang", "de"}, 2, noText},
         {"nothing", {"--lang", "de"}, 2, ": No such file or directory"},
         {"EULA", {"--lang", "en", "--stand-in", "de"}, 2, "--stand-in excludes --lang"},
         {"EULA", {"--lang", "nl"}, 2, "--lang: no language of the set: nl"},
-        {"dir", {"--stand-in", "en"}, 1, ": error: no agreement LA_xx.txt, but EULA.txt, Licence.md; if one text is"},
+        {"dir", {"--stand-in", "en"}, 1, ": error: no agreement LA_xx.txt, only EULA.txt, Licence.md; if one of them"},
     };
     for (const auto& [sources, options, status, message] : refused) {
         const Finished finished = build(sources, options);
@@ -116,7 +116,7 @@ TEST(Build, namesFileAndPlaceOfWhatItFinds) {
         return bytes;
     };
     const std::string saveIt = "; save it as UTF-8 [encoding]\n";
-    const std::string name = ": warning: not the name of a text of any set, so it is left out [name]\n";
+    const std::string name = ": warning: a file of this name belongs to no set and is left out [name]\n";
     const std::tuple<const char*, std::string, std::string> rows[]{
         {"LA_de.txt", "a\nbc\xE9t\xE9\n",
          ":2:3: error: not UTF-8 but an 8-bit code page, or a text that was damaged" + saveIt},
@@ -125,10 +125,10 @@ TEST(Build, namesFileAndPlaceOfWhatItFinds) {
         {"LA_en.txt", utf16(u"in English\n").substr(2),
          ": error: not UTF-8 but UTF-16, as some editors save a text" + saveIt},
         {"notices.txt", {'\xFF', '\xFE', 0, 0, 'a', 0, 0, 0}, ":1:1: error: not UTF-8 but UTF-32" + saveIt},
-        {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: the screen ends here, the copy does not [nul]\n"},
+        {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: what is shown ends here, the copy does not [nul]\n"},
         {"LI_en.txt", "a\r\nb\tc", ":2:2: warning: tab: counted as one column, shown as up to eight [tab]\n"},
         {"LI_en.txt", "a\n" + std::string(90, 'x'),
-         ":2:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows [wide-word]\n"},
+         ":2:1: warning: a word is too wide for a line of 80 columns: it is cut, or its line overflows [wide-word]\n"},
         {"notices.txt", "", ": error: empty [empty]\n"},
         {"LA_xx.txt", "terms", name},
         {"la_fr.txt", "terms", name},
@@ -263,7 +263,7 @@ TEST(Build, waitsForNobodyForEver) {
     close(parent);
     EXPECT_EQ(texts.build().exitCode, 0);
     EXPECT_FALSE(texts.has(".set.zev-licenses.dead"));
-    EXPECT_TRUE(texts.has(".set.zev-licenses.alive")) << "which a run is at work on";
+    EXPECT_TRUE(texts.has(".set.zev-licenses.alive")) << "another run works on it";
     close(alive);
 }
 

@@ -30,12 +30,12 @@ std::u16string repeated(const std::u16string& text, int count) {
 
 TEST(Check, findsEachFaultAndNothingElse) {
     const std::tuple<const char*, std::u16string, std::string> lines[]{
-        {"LA_en", {0, 'x'}, "LA_en:46:1: error: U+0000: the screen ends here, the copy does not [nul]\n"},
+        {"LA_en", {0, 'x'}, "LA_en:46:1: error: U+0000: what is shown ends here, the copy does not [nul]\n"},
         {"LI_fr", u"lâ€™Ã©cran\nSociÃ©tÃ©\nCAFÉ®",
-         "LI_fr:22:1: error: UTF-8 that was read as windows-1252 and encoded again (x2): zev shows it so "
-         "[double-encoding]\n"},
+         "LI_fr:22:1: error: UTF-8 that was read as windows-1252 and encoded again (x2): zev shows the wrong "
+         "characters [double-encoding]\n"},
         {"LI_ru", u"Р›РёС†РµРЅР·РёСЏ",
-         "LI_ru:22:1: warning: UTF-8 that was read as windows-1251 and encoded again: zev shows it so "
+         "LI_ru:22:1: warning: UTF-8 that was read as windows-1251 and encoded again: zev shows the wrong characters "
          "[double-encoding]\n"},
         {"LI_fr", u"marqué\u00A0»\nmarqué\u00A0»", ""},  // U+983B in UTF-8
         {"LA_en", u"x 日本語 " + std::u16string(72, 'x'),
@@ -44,7 +44,7 @@ TEST(Check, findsEachFaultAndNothingElse) {
         {"LA_en", u"日本語 한국어", ""},
         {"LA_en", u"日本語 " + std::u16string(70, 'x') + u" " + std::u16string(40, 'y'), ""},
         {"LA_en", std::u16string(81, u'x'),
-         "LA_en:46:1: warning: a word that a line of 80 columns cannot hold is cut, or its line overflows "
+         "LA_en:46:1: warning: a word is too wide for a line of 80 columns: it is cut, or its line overflows "
          "[wide-word]\n"},
         {"LA_en", std::u16string(80, u'x'), ""},
         {"LA_en", repeated(repeated(u"word ", 20) + u"\n", 20),
@@ -53,16 +53,15 @@ TEST(Check, findsEachFaultAndNothingElse) {
         {"LA_en", repeated(repeated(u"word ", 16) + u"\n", 20), ""},
         {"LA_en", repeated(repeated(u"word ", 25) + u"\n", 20), ""},
         {"LA_pl", u"zale¿noœæ podstaw¹ wszêdzie treœci¹ przepisów³ oddzia³ywañ spo³eczeñstwa ca³oœæ ca³oœæ ca³oœæ",
-         "LA_pl:46:5: warning: letters that no code page of the language has (x21): ³ œ æ ¹ ñ ¿ ê; was the text read "
-         "in the wrong code page? [foreign-letters]\n"},
+         "LA_pl:46:5: warning: letters that no code page of the language has (x21): ³ œ æ ¹ ñ ¿ ê; was the text "
+         "converted from the wrong code page? [foreign-letters]\n"},
         {"LA_pl", u"Ýçåè Ñåãü Òåæïà", ""},
         {"LA_el", u"Aδεια 5 μm, Άδεια",
-         "LA_el:46:1: warning: word with letters of two scripts, such as \"Aδεια\": it "
-         "looks right and is not found by a search [homoglyph]\n"},
+         "LA_el:46:1: warning: word with letters of two scripts, such as \"Aδεια\": it looks right, but a "
+         "search does not find it [homoglyph]\n"},
         {"LA_fr", u"e\u0301cran, te\u0301le\u0301phone, x\u0301",
-         "LA_fr:46:1: warning: letter with its accent apart (x3): "
-         "counted as two columns and shown as one. Convert the text to "
-         "NFC [decomposed]\n"},
+         "LA_fr:46:1: warning: letter and accent as two characters (x3): counted as two columns and shown as one. "
+         "Convert the text to NFC [decomposed]\n"},
         {"notices", u"Name\tOwner", ""},  // only copied, never shown
     };
     const SampleSet set;
@@ -71,17 +70,17 @@ TEST(Check, findsEachFaultAndNothingElse) {
         {"notices", utf16(u" \n \n"), "notices: error: empty [empty]\n"},
         {"LA_en", "\xFF\xFE\0\0T\0\0\0"s,
          "LA_en: error: UTF-32, not UTF-16. Convert it to UTF-8, then with: zev-licenses build [encoding]\n"
-         "LA_en: error: cannot be laid out; zev ends with 23 [layout]\n"},
+         "LA_en: error: cannot be laid out; zev ends with exit status 23 [layout]\n"},
         {"LA_en", "\uFEFF" + Sandbox().read(ZEV_SAMPLE_TEXTS "/LA_en.txt"),
          "LA_en: error: UTF-8, not UTF-16; zev shows it as Chinese characters. Convert it with: zev-licenses build "
          "[encoding]\n"},
         {"LA_en", set.read("set/LA_en") + "x",
          "LA_en: error: odd number of bytes; the last one is half a character [odd-byte]\n"},
         {"LA_en", set.read("set/LA_en").substr(0, set.read("set/LA_en").size() - 2),
-         "LA_en: warning: no line feed at the end; the information begins in its last line [last-line]\n"},
+         "LA_en: warning: no line feed at the end; the information begins in the last line [last-line]\n"},
         {"LA_en", withLine(set, "LA_en", u"\r\r\n\r"),
          "LA_en: warning: CR LF line ends (x2); the copies get them too [cr-lf]\n"
-         "LA_en:46:1: warning: CR in a line: what follows is shown over what stands before [carriage-return]\n"},
+         "LA_en:46:1: warning: CR in a line: what follows it is shown over what comes before it [carriage-return]\n"},
         {"LA_en.txt", "", "LA_en.txt: warning: zev never reads a file of this name [name]\n"},
         {"a\nb \xFF", "", "a\uFFFDb \uFFFD: warning: zev never reads a file of this name [name]\n"},
     };
@@ -147,10 +146,11 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
     std::filesystem::rename(set.path("set/LA_it"), set.path("set/LA_es"));
     std::filesystem::rename(set.path("set/LA_zh_TW"), set.path("set/LA_zh"));
     set.write("set/LA_zh_TW", simplified);
-    EXPECT_EQ(set.check(), "LA_es: warning: most of it reads like it; are two files swapped? [language]\n"
-                           "LA_it: error: missing [missing]\n"
-                           "LA_zh: warning: most of it reads like zh_TW; are two files swapped? [language]\n"
-                           "LA_zh_TW: warning: most of it reads like zh; are two files swapped? [language]\n");
+    EXPECT_EQ(set.check(),
+              "LA_es: warning: most of the text reads like \"it\"; are two files swapped? [language]\n"
+              "LA_it: error: missing [missing]\n"
+              "LA_zh: warning: most of the text reads like \"zh_TW\"; are two files swapped? [language]\n"
+              "LA_zh_TW: warning: most of the text reads like \"zh\"; are two files swapped? [language]\n");
     set.write("set/LA_zh_TW", set.read("set/LA_zh"));
     set.write("set/LA_zh", simplified);
     for (const char* name : {"set/LA_es", "set/LA_it", "set/LA_el"}) set.write(name, english);
@@ -169,7 +169,7 @@ TEST(Check, tellsSwappedAndRepeatedTexts) {
     set.write("set/LI_it", utf16(u"\n") + english.substr(2));
     const std::string notInItsPlace = set.check({"--stand-in", "en"});
     EXPECT_NE(notInItsPlace.find("LI_it: warning: the same text as LA_en [same-text]\n"), std::string::npos);
-    EXPECT_NE(notInItsPlace.find("LI_it: warning: most of it reads like en"), std::string::npos);
+    EXPECT_NE(notInItsPlace.find("LI_it: warning: most of the text reads like \"en\""), std::string::npos);
     set.write("set/LI_it", set.read("set/LI_de"));
     EXPECT_EQ(set.check({"--stand-in", "de"}).find("LI_it"), std::string::npos);
     set.write("set/LI_ru", set.read("set/LI_el"));

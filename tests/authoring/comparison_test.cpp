@@ -37,7 +37,7 @@ icu::UnicodeString inParagraphs(const std::vector<icu::UnicodeString>& paragraph
     return text + u"\n";
 }
 
-/// What is found in a translation, beside its original in `standIn` or English.
+/// The findings in a translation that is compared with its original, which is in the language `standIn` or in English.
 std::string findingsIn(const SetText& translation, const SetText& original, const std::string& standIn = "") {
     const SetText texts[]{original, translation};
     Findings findings = checkTexts(texts, standIn);
@@ -85,7 +85,7 @@ TEST(Comparison, findsFactsThatOneTextLacks) {
          "LA_fr: warning: lacks www.acme.example/en/terms: LA_en has it in line 1 [facts]\n"
          "LA_fr:1:1: warning: www.acme.example/it/terms: not in LA_en [facts]\n"},
         {"LI_de", u"1111 2222 3333 4444 5555", u"x",
-         "LI_de: warning: lacks 1111, 2222, 3333 and 2 more: LI_en has it in line 1 [facts]\n"},
+         "LI_de: warning: lacks 1111, 2222, 3333 and 2 more: LI_en has the first of them in line 1 [facts]\n"},
     };
     for (const auto& [name, english, translated, expected] : rows) {
         const auto original =
@@ -146,11 +146,14 @@ TEST(Comparison, findsParagraphsThatAreNotTranslated) {
 
 TEST(Comparison, tellsTheTwoWaysOfWritingChineseApartByParagraphs) {
     const SetText english = textOf("LA_en", sample("LA_en"));
-    for (const auto& [name, other] : {std::pair{"LA_zh", "LA_zh_TW"}, {"LA_zh_TW", "LA_zh"}}) {
+    const std::tuple<const char*, const char*, const char*> rows[]{{"LA_zh", "LA_zh_TW", "in Traditional Chinese"},
+                                                                   {"LA_zh_TW", "LA_zh", "in Simplified Chinese"}};
+    for (const auto& [name, other, message] : rows) {
         auto mixed = paragraphsOf(sample(name));
         mixed[2] = paragraphsOf(sample(other))[2];
         const std::string found = findingsIn(textOf(name, inParagraphs(mixed)), english);
         EXPECT_EQ(found.find(std::string(name) + ":5:1: warning: 1 of "), 0U) << found;
+        EXPECT_NE(found.find(message), std::string::npos) << found;
     }
 }
 
@@ -238,7 +241,7 @@ TEST(Leftovers, areFoundAmongLettersOfAnyScript) {
     }
     for (const icu::UnicodeString other : others) finds(other, false);
     EXPECT_EQ(listFindings(findLeftovers(textOf("LI_fr", u"\nLe produit {name} {name}\n"))),
-              "LI_fr:2:12: warning: placeholder (x2) that was left: {name} [leftover]\n");
+              "LI_fr:2:12: warning: placeholder left in the text (x2): {name} [leftover]\n");
 }
 
 }  // namespace

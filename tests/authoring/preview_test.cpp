@@ -8,7 +8,7 @@
 namespace zev::test {
 namespace {
 
-/// What a preview shows between its lines about it: the languages, then the terms of other parties.
+/// The texts in a preview, without the lines that describe them: the languages, then the terms of other parties.
 std::vector<std::string> screensIn(const std::string& preview) {
     static const std::regex about("(^|\n)(== [^\n]*\n)+"), margins("\n(     |   > )");
     std::vector<std::string> screens;
@@ -21,7 +21,7 @@ std::vector<std::string> screensIn(const std::string& preview) {
     return screens;
 }
 
-/// The lines about the bytes of files taken out.
+/// A preview without the lines that identify the bytes of files.
 std::string withoutSums(const std::string& preview) {
     return std::regex_replace(preview, std::regex("== [^\n]*: (fingerprint|SHA-256) [0-9a-f]{64}\n"), "");
 }
@@ -141,7 +141,7 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
           "<u><mark title=\"not in US-ASCII\"><b style=\"--n:19;--c:78\">日日",  // 39 counted, 78 taken
           "<b style=\"--n:1;--c:2\">第</b>1<b style=\"--n:1;--c:5\">条</b> x <b style",
           ">LA_en ends here, and LI_en begins<",
-          ">LI_ja begins within the line above, since LA_ja ends without a line feed<",
+          ">LI_ja begins within the line above, because LA_ja ends without a line feed<",
           "&lt;b&gt;\uFFFD: warning: zev never reads a file of this name"}) {
         EXPECT_TRUE(has(shown)) << shown;
     }
@@ -159,14 +159,14 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
     EXPECT_EQ(german.find("\"onmouseover"), german.npos);
     EXPECT_EQ(german.find("LA_en:"), german.npos) << "findings are those of the languages asked for";
     EXPECT_EQ(runLicenses(options, fillDisk).exitCode, 2);
-    EXPECT_FALSE(set.has("page")) << "which would be cut";
+    EXPECT_FALSE(set.has("page")) << "a page that is cut short is removed";
 }
 
 TEST(CommandLineOfLicenses, keepsResultsAndMessagesApart) {
     const SampleSet set;
     const std::string name = "zev-licenses: ", directory = set.path("set"), noLanguage = ": no language of the set: ";
     const std::tuple<Arguments, int, std::string, std::string> rows[]{
-        // The beginnings of what is written to the one and to the other.
+        // Arguments, exit status, and how standard output and standard error begin.
         {{"--version"}, 0, "v", ""},
         {{"--help"}, 0, "Builds, checks and shows licence directories for zev.\n", ""},
         {{"check", "--help"}, 0, "Find what is wrong with a licence directory\n", ""},

@@ -14,7 +14,7 @@ inline Finished runLicenses(const Arguments& arguments, Preparation prepare = un
     return run(arguments, {}, "", prepare, ZEV_BUILT "/zev-licenses");
 }
 
-/// Lets files end as on a full disk.
+/// Lets writes fail beyond a few thousand bytes, as on a full disk.
 inline void fillDisk() {
     signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{5000, 5000};
@@ -25,7 +25,7 @@ inline void fillDisk() {
 struct SampleSet : Sandbox {
     SampleSet() { EXPECT_EQ(runLicenses({"build", ZEV_SAMPLE_TEXTS, path("set")}).err, ""); }
 
-    /// The findings of `check` and its options by the names of the files, without sums and summary.
+    /// The findings of `check` with these options, without sums and summary. They name files without their path.
     [[nodiscard]] std::string check(const Arguments& options = {}) const {
         const std::string all = runLicenses(joined({"check", path("set/")}, options)).out;
         std::string out = std::regex_replace(all, std::regex("[0-9a-f]{64}  [^\n]*\n"), "");
