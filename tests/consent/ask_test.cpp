@@ -196,16 +196,20 @@ TEST_F(Ask, keepsWordsInUtf8WhateverTheLocale) {
 
 TEST_F(Ask, namesTheLanguageOfTheTextAndOffersOnlyThoseThatHaveOne) {
     Terminal all = onTerminal({"--choose"}, {{"LANG", "fr_FR"}});
-    all.waitFor(" 8. 日本語\r\n");
-    all.answer("16. 简体中文\r\n1-16 [6 Français]: ", "17");
-    all.answer("Please enter a number from 1 to 16, or a code such as fr.\r\n", "x");
+    const auto numberOf = [all = languages()](std::string_view code) {
+        return std::to_string(std::ranges::find(all, code, &LanguageEntry::code) - all.begin() + 1);
+    };
+    const std::string last = numberOf("zh"), question = "1-" + last + " [" + numberOf("fr") + " Français]: ";
+    all.waitFor(" 1. ");
+    all.answer(last + ". 简体中文\r\n" + question, numberOf("zh_TW"));
+    all.answer("Please enter a number from 1 to " + last + ", or a code such as fr.\r\n", "x");
     all.answer("Please enter", std::string(90, '7'));
     all.answer("Please enter", "ru");
     all.answer("ru agreement", "1");
     EXPECT_EQ(all.finish().exitCode, 0);
     EXPECT_THAT(sandbox.read(record("acceptance")), HasSubstr("\nlanguage=ru\n"));
     Terminal latin = onTerminal({"--choose", "-p", "latin"}, {{"LC_ALL", "de_DE.ISO-8859-1"}});
-    latin.answer(" 8. Japanese\r\n", "");
+    latin.answer(". Japanese\r\n", "");
     latin.waitFor("de agreement");
 
     for (const auto& language : languages()) {

@@ -139,6 +139,11 @@ TEST(Catalogue, endsNoLineOfAPromptInANumberOrInsideALabelAtEightyColumns) {
 }
 
 TEST(Catalogue, keepsItsIrregularities) {
+    std::string unused;
+    for (const auto& [code, name] : languages()) {
+        if (matchLanguage(createRunContext("", "", alternativeLanguageSet), code) != nullptr) continue;
+        for (const char* slot : {" 11, ", " 12, ", " 13, ", " 14, "}) unused += code + std::string(slot);
+    }
     const std::pair<const char16_t*, std::string> rows[]{
         {u"[\\x80-\\xFF]", "de 3, de 9, de 10, de 11, es 3, es 7, es 9, es 10, es 11, fr 3, fr 9, fr 10, fr 11, "
                            "it 3, it 7, it 9, pt 2, pt 3, pt 8, pt 9, pt 10, pt 11, "},  // raw bytes
@@ -149,8 +154,7 @@ TEST(Catalogue, keepsItsIrregularities) {
         {u"u01(0C|0D|1B)[^\n]*\n[1-9]", ""},
         {u"^12\\z", "el 1, ja 1, ko 1, lt 1, ru 1, sl 1, zh 1, zh_TW 1, "},
         {u"^18\\z", "ja 18, ko 18, zh 18, zh_TW 18, "},
-        {u"^UNUSED\\z", "el 11, el 12, el 13, el 14, lt 11, lt 12, lt 13, lt 14, "
-                        "ru 11, ru 12, ru 13, ru 14, sl 11, sl 12, sl 13, sl 14, "},
+        {u"^UNUSED\\z", unused},
         {u"\n12\\. Swedish\n\\z", "ja 11, ko 11, zh 11, zh_TW 11, "},
         {u"^Please enter the number that corresponds", "en 12, ja 12, ko 12, zh 12, zh_TW 12, "},
         {u"^Software Licensing Agreement\\z", "en 13, ja 13, ko 13, zh 13, zh_TW 13, "},

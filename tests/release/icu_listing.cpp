@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "lang/languages.h"
+
 namespace {
 
 std::size_t digest(const std::string& text) { return std::hash<std::string>()(text); }
@@ -66,10 +68,11 @@ void listLineBreaks(const std::string& locale, const icu::UnicodeString& text) {
     std::printf("lines %s = %s: %s, %zx\n", locale.c_str(), canonical.data(), u_errorName(status), digest(breaks));
 }
 
-constexpr const char* locales =
-    "cs de el en es fr it ja ko lt pl pt ru sl tr zh zh_TW cs_CZ de_AT de_CH el_GR en_US en_US_POSIX en_GB es_MX "
-    "fr_CA it_CH ja_JP ko_KR lt_LT pl_PL pt_BR pt_PT ru_RU sl_SI tr_TR zh_CN zh_HK zh_SG zh_Hans zh_Hant_TW th_TH "
-    "lo_LA km_KH my_MM fi_FI sv_SE nb_NO ar_EG he_IL hi_IN vi_VN sr_RS__LATIN ca de__euro xx_YY root";
+#define CODE(code, ...) #code " "
+constexpr const char* locales = ZEV_LANGUAGES(CODE)  //
+    "cs_CZ de_AT de_CH el_GR en_US en_US_POSIX en_GB es_MX fr_CA it_CH ja_JP ko_KR lt_LT pl_PL pt_BR pt_PT ru_RU sl_SI "
+    "tr_TR zh_CN zh_HK zh_SG zh_Hans zh_Hant_TW th_TH lo_LA km_KH my_MM fi_FI sv_SE nb_NO ar_EG he_IL hi_IN vi_VN "
+    "sr_RS__LATIN ca de__euro xx_YY root";
 constexpr const char* keywords =
     "@lb=loose @lb=normal @lb=strict @lb=none @lw=normal @lw=breakall @lw=keepall @lw=phrase @lw=none @LB=LOOSE "
     "@lb=loose;lw=phrase @lb=normal;lw=phrase @lb=strict;lw=phrase @lb=loose;lw=breakall @lb=normal;lw=keepall "
