@@ -107,6 +107,15 @@ constexpr struct {
            u"ki kendi mi ne olan olarak olduğu ona onun sadece siz size sizin tarafından tüm üzere var ve veya ya"},
 };
 
+constexpr bool hasWordsIfLatin(std::string_view code) {
+    const auto entry = std::ranges::find_if(functionWords, [&](const auto& row) { return row.code == code; });
+    return findProfile(code)->scripts.data() != latin || entry != std::end(functionWords);
+}
+
+#define HAS_WORDS(code, ...) static_assert(hasWordsIfLatin(#code), #code " needs function words");
+ZEV_LANGUAGES(HAS_WORDS)
+#undef HAS_WORDS
+
 constexpr int64_t leastShareBesidesHan = 20;  ///< one in so many columns; a text with fewer is Chinese
 constexpr int64_t leastShareOfSome = 10;      ///< one in so many columns; even a text that names many products has more
 
