@@ -26,7 +26,7 @@ struct Calls {
 };
 
 void addLanguageSet(CLI::App& command, int& set) {
-    command.add_option("--langset", set, "The set of languages, as for zev: 4 has 17, 3 has 13")
+    command.add_option("--langset", set, "The set of languages, as for zev: 4 has all, 3 has 13")
         ->capture_default_str()
         ->check(CLI::IsMember({defaultLanguageSet, alternativeLanguageSet}));
 }

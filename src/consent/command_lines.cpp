@@ -55,7 +55,7 @@ std::string takeAcceptance(std::string& accept) {
 }
 
 void addLanguageSet(CLI::App& app, int& set) {
-    app.add_option("--langset", set, "The set of languages, as for zev: 4 has 17, 3 has 13")
+    app.add_option("--langset", set, "The set of languages, as for zev: 4 has all, 3 has 13")
         ->capture_default_str()
         ->check(CLI::IsMember({defaultLanguageSet, alternativeLanguageSet}));
 }
