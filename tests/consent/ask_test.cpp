@@ -196,8 +196,8 @@ TEST_F(Ask, keepsWordsInUtf8WhateverTheLocale) {
 
 TEST_F(Ask, namesTheLanguageOfTheTextAndOffersOnlyThoseThatHaveOne) {
     Terminal all = onTerminal({"--choose"}, {{"LANG", "fr_FR"}});
-    const auto numberOf = [all = languages()](std::string_view code) {
-        return std::to_string(std::ranges::find(all, code, &LanguageEntry::code) - all.begin() + 1);
+    const auto numberOf = [rows = languages()](std::string_view code) {
+        return std::to_string(std::ranges::find(rows, code, &LanguageEntry::code) - rows.begin() + 1);
     };
     const std::string last = numberOf("zh"), question = "1-" + last + " [" + numberOf("fr") + " Français]: ";
     all.waitFor(" 1. ");
