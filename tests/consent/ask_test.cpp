@@ -150,9 +150,7 @@ TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
         {{"-p", std::string(65, 'p')}, "a product has 1 to 64 of the characters"},
         {{"-v", "2.0\t"}, "printable"},
         {{"-v", " 2.0"}, "printable"},
-        {{"-v", "2\xE2\x80\xAE"
-                "0"},
-         "printable"},
+        {{"-v", "2\xE2\x80\xAE.0\xE2\x80\xAC"}, "printable"},
         {{"-v", "\xC2\x9B"
                 "2"},
          "printable"},

@@ -95,6 +95,7 @@ TEST_F(Audit, showsNothingThatATerminalWouldObey) {
     for (const char* form : {"--tsv", "--json", "--"}) {
         const Finished finished = audit({form, sandbox.path("state")});
         EXPECT_EQ(finished.exitCode, 0) << finished.err;
+        // NOLINTNEXTLINE(misc-misleading-bidirectional): it is one of those that must not be shown
         for (const char* obeyed : {"\x1B", "\xC2\x9B", "\xE2\x80\xAE", "\x07", "\xFF"})
             EXPECT_THAT(finished.out, Not(HasSubstr(obeyed)));
         EXPECT_THAT(finished.out, AllOf(HasSubstr("[31m??й?"), HasSubstr("?]0;x?"), HasSubstr("日本")));
