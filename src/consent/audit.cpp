@@ -80,8 +80,9 @@ private:
         std::vector<std::string> entries;
         if (name.starts_with('.')) return;
         struct stat status {};
-        const bool isThere = fstatat(state_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-        if (!isThere || (!S_ISDIR(status.st_mode) && call_.product.empty())) return;
+        const bool isKnown = fstatat(state_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+        if (!isKnown && errno == ENOENT) return;
+        if (isKnown && !S_ISDIR(status.st_mode) && call_.product.empty()) return;
         std::string ignored;
         Owners owners = *owners_;
         const Descriptor product = openOwnedDirectory(state_.get(), name, owners, ignored);
@@ -156,7 +157,8 @@ private:
         std::string bytes, ignored;
         Owners owners = *owners_;
         const Descriptor directory = openDirectoryAt(parent, name);
-        if (faccessat(directory.get(), statusName, F_OK, AT_SYMLINK_NOFOLLOW) != 0) return;
+        if (!directory.isOpen() && (errno == ENOENT || errno == ENOTDIR || errno == ELOOP)) return;
+        if (faccessat(directory.get(), statusName, F_OK, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT) return;
         if (!readOwned(directory.get(), statusName, mostOfLines, owners, bytes, ignored)) {
             rows_.push_back({{}, auditIncomplete, joinPath(path, statusName)});
             return;
