@@ -176,70 +176,34 @@ TEST(Comparison, takesAListOfNamesForNoOtherLanguage) {
 }
 
 TEST(Leftovers, areFoundAmongLettersOfAnyScript) {
-    const char16_t* const leftovers[]{u"<<<<<<< HEAD",
-                                      u">>>>>>> main",
-                                      u"||||||| base",
-                                      u"{product}",
-                                      u"{0}",
-                                      u"{Product Name}",
-                                      u"${x}",
-                                      u"{{ x }}",
-                                      u"@PACKAGE_NAME@",
-                                      u"@x@",
-                                      u"%s",
-                                      u"%1$s",
-                                      u"%d",
-                                      u"FIXME",
-                                      u"XXX",
-                                      u"TODO: ask",
-                                      u"Lorem ipsum",
-                                      u"[INSERT NAME]",
-                                      u"[insert date here]",
-                                      u"<b>",
-                                      u"</p>",
-                                      u"<br />",
-                                      u"<a href=\"x\">",
-                                      u"&nbsp;",
-                                      u"&eacute;",
-                                      u"&#8217;",
-                                      u"&#x2019;",
-                                      u"{\\rtf1",
-                                      u"\\n",
-                                      u"\\r\\n",
-                                      u"\\u00e9",
-                                      u"=C3=A9",
-                                      u"=3D"};
-    const char16_t* const others[]{u"[yyyy]",
-                                   u"____",
-                                   u"{yyyy}",
-                                   u"{name of copyright owner}",
-                                   u"**bold**",
-                                   u"TODO EL MUNDO",
-                                   u"XXXI",
-                                   u"HAS_XXX_DEF",
-                                   u"50 % des",
-                                   u"100%",
-                                   u"a@b.example",
-                                   u"<year>",
-                                   u"<me at home.example>",
-                                   u"C:\\new\\table",
-                                   u"AT&T; x",
-                                   u"https://a.example/?uri=CELEX:1",
-                                   u"{ or }",
-                                   u"Note\n=======",
-                                   u"=====",
-                                   u"a <= b"};
+    const std::u16string_view leftovers =
+        u"<<<<<<< HEAD¦=======¦>>>>>>> main¦||||||| base¦{product}¦{0}¦{Product Name}¦${x}¦{{ x "
+        u"}}¦@PACKAGE_NAME@¦@x@¦%s¦%1$s¦%d¦"
+        u"FIXME¦XXX¦TODO: ask¦Lorem ipsum¦[INSERT NAME]¦[insert date here]¦<b>¦</p>¦<br />¦<a href=\"x\">¦&nbsp;¦"
+        u"&eacute;¦&#8217;¦&#x2019;¦{\\rtf1¦\\n¦\\r\\n¦\\u00e9¦=C3=A9¦=3D";
+    const std::u16string_view others =
+        u"[yyyy]¦____¦{yyyy}¦{name of copyright owner}¦**bold**¦TODO EL MUNDO¦XXXI¦HAS_XXX_DEF¦50 % "
+        u"des¦100%¦a@b.example¦"
+        u"<year>¦<me at home.example>¦C:\\new\\table¦AT&T; x¦https://a.example/?uri=CELEX:1¦{ or }¦Note\n=======¦=====¦"
+        u"a <= b";
+    const auto forEach = [](std::u16string_view lines, const auto& use) {
+        for (std::size_t begin = 0, end; begin < lines.size(); begin = end + 1) {
+            end = std::min(lines.find(u'¦', begin), lines.size());
+            use(icu::UnicodeString(lines.data() + begin, static_cast<int32_t>(end - begin)));
+        }
+    };
     const auto finds = [](const icu::UnicodeString& line, bool expected) {
         std::string shown;
         const SetText text = textOf("LA_en", u"The first line of the text is long enough.\n" + line + u"\n");
         EXPECT_EQ(!findLeftovers(text).empty(), expected) << line.toUTF8String(shown);
     };
-    for (const icu::UnicodeString leftover : leftovers) {
+    forEach(leftovers, [&](const icu::UnicodeString& leftover) {
         finds(leftover, true);
         const bool isLine = leftover[1] == leftover[2];
         if (!isLine) finds(u"版本" + leftover + u"版本", true);
-    }
-    for (const icu::UnicodeString other : others) finds(other, false);
+    });
+    forEach(others, [&](const icu::UnicodeString& other) { finds(other, false); });
+    EXPECT_EQ(findLeftovers(textOf("LA_zh", u"这一行有十多个汉字在里面\n=======\n")).size(), 1U) << "after a full line";
     EXPECT_EQ(listFindings(findLeftovers(textOf("LI_fr", u"\nLe produit {name} {name}\n"))),
               "LI_fr:2:12: warning: placeholder left in the text (x2): {name} [leftover]\n");
 }

@@ -85,12 +85,12 @@ TEST(Preview, countsAndMarksWhatDoesNotFit) {
 
 TEST(Preview, tiesEveryPartToTheBytesOfItsFiles) {
     const SampleSet set;
-    const auto firstWord = [](const Finished& finished) { return finished.out.substr(0, 64); };
-    const std::string agreement = firstWord(run({set.path("set/LA_de")}, {}, "", unprepared, "/usr/bin/sha256sum"));
-    const std::string terms =
-        firstWord(run({set.path("set/non_vur_license")}, {}, "", unprepared, "/usr/bin/sha256sum"));
-    const std::string fingerprint =
-        firstWord(run({"--fingerprint", "-l", set.path("set")}, {}, "", unprepared, ZEV_BUILT "/zev-ask"));
+    const auto digitsOf = [](const char* program, const Arguments& arguments) {
+        return run(arguments, {}, "", unprepared, program).out.substr(0, 64);
+    };
+    const std::string agreement = digitsOf("/usr/bin/sha256sum", {set.path("set/LA_de")});
+    const std::string terms = digitsOf("/usr/bin/sha256sum", {set.path("set/non_vur_license")});
+    const std::string fingerprint = digitsOf(ZEV_BUILT "/zev-ask", {"--fingerprint", "-l", set.path("set")});
     const std::string text = runLicenses({"preview", set.path("set"), "--lang", "de,fr"}).out;
     const Arguments toPage{"preview", set.path("set"), "--lang", "de,fr", "--html", set.path("page")};
     ASSERT_EQ(runLicenses(toPage).exitCode, 0);
@@ -165,6 +165,7 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
 TEST(CommandLineOfLicenses, keepsResultsAndMessagesApart) {
     const SampleSet set;
     const std::string name = "zev-licenses: ", directory = set.path("set"), noLanguage = ": no language of the set: ";
+    const std::string empty = ": the value is empty, perhaps because a variable is not set\n";
     const std::tuple<Arguments, int, std::string, std::string> rows[]{
         // Arguments, exit status, and how standard output and standard error begin.
         {{"--version"}, 0, "v", ""},
@@ -177,14 +178,8 @@ TEST(CommandLineOfLicenses, keepsResultsAndMessagesApart) {
         {{"check", directory, "--stand-in", "xx"}, 2, "", "--stand-in" + noLanguage + "xx\n"},
         {{"check", directory, "--langset", "3", "--stand-in", "el"}, 2, "", "--stand-in" + noLanguage + "el\n"},
         {{"preview", directory, "--lang", "it,xx"}, 2, "", "--lang" + noLanguage + "xx\n"},
-        {{"preview", directory, "--lang", ""},
-         2,
-         "",
-         "--lang: the value is empty, perhaps because a variable is not set\n"},
-        {{"preview", directory, "--html", ""},
-         2,
-         "",
-         "--html: the value is empty, perhaps because a variable is not set\n"},
+        {{"preview", directory, "--lang", ""}, 2, "", "--lang" + empty},
+        {{"preview", directory, "--html", ""}, 2, "", "--html" + empty},
         {{"preview", directory, "--code-page", "KOI9"}, 2, "", "--code-page: unknown code page: KOI9\n"},
         {{"preview", directory, "--width", "0"}, 2, "", "--width: "},
         {{"preview", directory + "/LA_en"}, 2, "", name + directory + "/LA_en: Not a directory\n"},
