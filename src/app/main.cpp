@@ -20,7 +20,7 @@ namespace {
 
 using Command = int (*)(int argc, char** argv);
 
-/// The names under which the file is another command than zev.
+/// The commands by name; zev is among them, so that the table is not empty where it is alone.
 constexpr std::pair<std::string_view, Command> commands[]{
 #ifndef ZEV_ALONE
     {"zev-ask", zev::runAsk},

@@ -9,8 +9,10 @@
 #include <optional>
 #include <sstream>
 
+#include "consent/person.h"
 #include "consent/store.h"
 #include "consent/terms.h"
+#include "consent/trusted_path.h"
 #include "files/directory_at.h"
 #include "files/license_copies.h"
 #include "files/paths.h"
@@ -37,12 +39,13 @@ public:
     std::vector<AuditRow> rows() {
         struct stat status {};
         std::vector<std::string> names;
-        if (!state_.isOpen() && errno == ENOENT) return {notAccepted({})};
+        if (!state_.isOpen() && errno == ENOENT) return {notAccepted()};
         if (!state_.isOpen() || fstat(state_.get(), &status) != 0 || !listAt(state_.get(), names)) {
             return {{{}, auditIncomplete, path_}};
         }
         // A master directory has records of any member of its group.
         const bool isGroups = (status.st_mode & S_IWGRP) != 0;
+        isOfRoot_ = !isGroups && status.st_uid == 0;
         owners_ = isGroups ? Owners::anyOne() : Owners::ofState(status);
         for (const std::string& name : names) {
             if (call_.product.empty() || name == call_.product) addProduct(name);
@@ -51,7 +54,7 @@ public:
             addBare(state_.get(), copiesName, joinPath(path_, copiesName));
             addBare(state_.get(), ".", path_);
         }
-        if (!hasExpected()) rows_.push_back(notAccepted(rows_.empty() ? Fields{} : rows_.front().fields));
+        if (!hasExpected()) rows_.push_back(notAccepted());
         return std::move(rows_);
     }
 
@@ -60,9 +63,8 @@ private:
         return Descriptor(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     }
 
-    [[nodiscard]] AuditRow notAccepted(const Fields& like) const {
+    [[nodiscard]] AuditRow notAccepted() const {
         AuditRow row{{}, "NOT ACCEPTED", path_};
-        if (like.contains("product")) row.fields["product"] = like.at("product");
         if (!call_.product.empty()) row.fields["product"] = call_.product;
         if (!call_.expected.empty()) row.fields["terms"] = call_.expected;
         return row;
@@ -86,13 +88,19 @@ private:
         std::string ignored;
         Owners owners = *owners_;
         const Descriptor product = openOwnedDirectory(state_.get(), name, owners, ignored);
-        if (!product.isOpen() || !listAt(product.get(), entries)) {
+        if (!product.isOpen() || isRefused(product) || !listAt(product.get(), entries)) {
             rows_.push_back({{{"product", name}}, auditIncomplete, joinPath(path_, name)});
             return;
         }
         for (const std::string& entry : entries) {
             if (isFingerprint(entry)) addRecord(product.get(), name, entry);
         }
+    }
+
+    /// Whether zev-ask, too, takes no record from the directory of a product.
+    [[nodiscard]] bool isRefused(const Descriptor& product) const {
+        struct stat status {};
+        return isOfRoot_ && (fstat(product.get(), &status) != 0 || isOpenToGroup(status));
     }
 
     void addRecord(int product, const std::string& name, const std::string& fingerprint) {
@@ -116,7 +124,7 @@ private:
         AuditRow row = record;
         row.fields["mode"] = "log";
         if (faccessat(product, name.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT) return;
-        if (!readOwned(product, name, mostOfCopy, owners, lines, ignored)) {
+        if (!readOwned(product, name, mostOfLog, owners, lines, ignored)) {
             row.state = auditIncomplete;
             row.path += logSuffix;
             rows_.push_back(row);
@@ -125,8 +133,9 @@ private:
         std::istringstream log(lines);
         for (std::string line; std::getline(log, line);) {
             const auto first = line.find('\t'), second = line.find('\t', first + 1);
-            if (first == std::string::npos || second == std::string::npos) continue;
-            row.fields["accepted"] = line.substr(0, first);
+            const std::string time = line.substr(0, first);
+            if (second == std::string::npos || !isTime(time)) continue;
+            row.fields["accepted"] = time;
             row.fields["version"] = line.substr(first + 1, second - first - 1);
             row.fields["who"] = line.substr(second + 1);
             rows_.push_back(row);
@@ -178,6 +187,7 @@ private:
     const std::optional<Copies>& copies_;
     std::string path_;
     Descriptor state_;
+    bool isOfRoot_ = false;
     std::optional<Owners> owners_;
     std::vector<AuditRow> rows_;
 };

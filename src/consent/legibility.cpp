@@ -60,7 +60,7 @@ bool isLegible(const icu::UnicodeString& text) {
 
 bool toRecordText(const std::string& bytes, std::string& utf8) {
     icu::UnicodeString text;
-    if (bytes.empty() || !decode(bytes, text) || text.countChar32() > mostCharacters) return false;
+    if (!decode(bytes, text) || text.isEmpty() || text.countChar32() > mostCharacters) return false;
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         if (!isPrintable(text.char32At(i))) return false;
     }

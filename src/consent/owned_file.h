@@ -37,8 +37,9 @@ private:
 [[nodiscard]] Descriptor openOwnedFile(int directory, const std::string& name, std::size_t mostBytes, Owners& owners,
                                        std::string& flaw);
 
-/// The largest size of a file of lines, and of a copy of a text, in bytes.
+/// The largest size of a file of lines, of a log of versions, and of a copy of a text, in bytes.
 inline constexpr std::size_t mostOfLines = 64 << 10;
+inline constexpr std::size_t mostOfLog = 1 << 20;
 inline constexpr std::size_t mostOfCopy = 256 << 20;
 
 /// Appends the content of a file of at most `mostBytes` to `bytes`.

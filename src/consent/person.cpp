@@ -71,6 +71,11 @@ std::string currentTime() {
     return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &date)};
 }
 
+bool isTime(std::string_view text) {
+    constexpr std::string_view pattern = "0000-00-00T00:00:00Z";
+    return std::ranges::equal(text, pattern, [](char c, char p) { return p == '0' ? c >= '0' && c <= '9' : c == p; });
+}
+
 std::string defaultStateDirectory() {
     if (geteuid() == 0) return "/var/lib/zev";
     const std::string states = fromEnvironment("XDG_STATE_HOME");

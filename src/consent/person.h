@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace zev {
 
@@ -15,6 +16,8 @@ namespace zev {
 
 /// The time in UTC, such as "2026-11-22T16:09:52Z"; empty on failure.
 [[nodiscard]] std::string currentTime();
+/// Whether a text has the form of such a time.
+[[nodiscard]] bool isTime(std::string_view text);
 
 /// The state directory for a call that names none: /var/lib/zev for root, otherwise one below XDG_STATE_HOME or HOME.
 /// Empty if neither variable gives one.

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <vector>
 
+#include "consent/person.h"
 #include "files/directory_at.h"
 #include "files/license_fingerprint.h"
 
@@ -15,10 +17,10 @@ namespace {
 
 constexpr std::size_t fingerprintDigits = 64;
 
-/// Whether a text is a time as currentTime in consent/person.h writes it.
-bool isTime(const std::string& text) {
-    constexpr std::string_view pattern = "0000-00-00T00:00:00Z";
-    return std::ranges::equal(text, pattern, [](char c, char p) { return p == '0' ? c >= '0' && c <= '9' : c == p; });
+bool list(int directory, const std::string& shown, std::vector<std::string>& names, std::string& flaw) {
+    if (listAt(directory, names)) return true;
+    flaw = shown + " cannot be read: " + std::strerror(errno);
+    return false;
 }
 
 /// Whether the place of a record is free: nothing is there, or an empty directory, which a record replaces.
@@ -68,7 +70,8 @@ std::optional<std::string> sumsOf(int record, Owners& owners, std::string& flaw)
     };
     const Descriptor copies = openOwnedDirectory(record, copiesName, owners, flaw);
     std::vector<std::string> names;
-    if (!copies.isOpen() || !listAt(copies.get(), names) || !add(record, acceptanceName, "")) return std::nullopt;
+    const bool isRead = copies.isOpen() && list(copies.get(), copiesName, names, flaw);
+    if (!isRead || !add(record, acceptanceName, "")) return std::nullopt;
     for (const std::string& name : names) {
         if (!add(copies.get(), name, std::string(copiesName) + "/")) return std::nullopt;
     }
@@ -104,7 +107,7 @@ Record judgeRecord(int productDirectory, const std::string& product, const std::
     if (!readOwned(record.get(), sumsName, mostOfLines, owners, recorded, judged.flaw)) return judged;
     const auto found = sumsOf(record.get(), owners, judged.flaw);
     std::vector<std::string> names;
-    if (!found || !listAt(record.get(), names)) return judged;
+    if (!found || !list(record.get(), fingerprint, names, judged.flaw)) return judged;
 
     const bool hasItsFiles = names == std::vector<std::string>{sumsName, acceptanceName, copiesName};
     const bool isWhole = hasItsFiles && *found == recorded;

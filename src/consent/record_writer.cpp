@@ -59,9 +59,10 @@ std::string writeRecord(const Fields& fields, const Terms& terms, int languageSe
     RunContext context = contextOf("", languageSet);
     errno = 0;
     if (!writeStatusFiles(context)) return "the copies of the terms cannot be written: " + failure();
+    const std::string acceptance = formatAcceptance(fields);
+    if (acceptance.size() > mostOfLines) return "its fields together have more than 64 KiB";
     const Descriptor record = openDirectoryAt(AT_FDCWD, recordDirectory);
-    if (!record.isOpen() || !openToOthers(record.get()) ||
-        !createFileAt(record.get(), acceptanceName, formatAcceptance(fields))) {
+    if (!record.isOpen() || !openToOthers(record.get()) || !createFileAt(record.get(), acceptanceName, acceptance)) {
         return failure();
     }
     std::string flaw;

@@ -87,7 +87,7 @@ Descriptor Store::openProduct(std::string& flaw) const {
     Descriptor product = openOwnedDirectory(descriptor(), product_, accepted, flaw);
     if (use_ == DirectoryUse::master || !product.isOpen()) return product;
     if (fstat(product.get(), &status) == 0 && !isOpenToGroup(status)) return product;
-    flaw = "a group other than that of root can write to it";
+    flaw = product_ + " can be written to by a group other than that of root";
     return Descriptor();
 }
 
@@ -190,13 +190,12 @@ std::string Store::logVersion(const std::string& fingerprint, const std::string&
     lockForAMoment(file);
     std::string bytes, problem;
     Owners accepted = owners();
-    if (!readOwned(product.get(), name, mostOfCopy, accepted, bytes, problem)) return problem;
+    if (!readOwned(product.get(), name, mostOfLog, accepted, bytes, problem)) return problem;
     if (bytes.find("\t" + version + "\t") != std::string::npos) return "";
     // If a full disk has cut the last line, the new one begins on a line of its own.
     const std::string begin = bytes.empty() || bytes.ends_with('\n') ? "" : "\n";
     const std::string line = begin + currentTime() + "\t" + version + "\t" + who + "\n";
-    const ssize_t written = write(file.get(), line.data(), line.size());
-    return written == static_cast<ssize_t>(line.size()) ? "" : failure(joinPath(product_, name));
+    return writeAll(file.get(), line) ? "" : failure(joinPath(product_, name));
 }
 
 bool syncRecord(int scratch, const std::string& name) {

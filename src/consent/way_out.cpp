@@ -53,9 +53,10 @@ bool make(Made& entry, int parent, const std::string& name, mode_t mode) {
     entry.parent = fcntl(parent, F_DUPFD_CLOEXEC, 0);
     entry.directory = openat(parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     struct stat status {};
-    const bool isOwn = fstat(entry.directory, &status) == 0 && status.st_uid == geteuid();
-    if (entry.parent != -1 && isOwn) return true;
-    const int error = errno;
+    const bool isOpen = entry.parent != -1 && entry.directory != -1 && fstat(entry.directory, &status) == 0;
+    if (isOpen && status.st_uid == geteuid()) return true;
+    const int error = isOpen ? EPERM : errno;
+    const Descriptor ownParent(entry.parent), ownDirectory(entry.directory);
     unlinkat(parent, name.c_str(), AT_REMOVEDIR);
     errno = error;
     return false;

@@ -31,7 +31,7 @@ struct RawEntry {
     char name[1];
 };
 
-/// Removes what it finds in one pass over a directory. Returns whether it found anything.
+/// Removes what it can in one pass over a directory. Returns whether anything is gone.
 bool removeSomeIn(int directory) noexcept {
     alignas(RawEntry) char entries[4096];
     bool hasRemoved = false;
@@ -44,7 +44,8 @@ bool removeSomeIn(int directory) noexcept {
             if (isItselfOrParent(name)) continue;
             removeTreeAt(directory, name);
             struct stat left {};
-            hasRemoved = fstatat(directory, name, &left, AT_SYMLINK_NOFOLLOW) != 0 || hasRemoved;
+            const bool isGone = fstatat(directory, name, &left, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
+            hasRemoved = hasRemoved || isGone;
         }
     }
     return hasRemoved;
@@ -59,14 +60,21 @@ Descriptor openDirectoryAt(int parent, const std::string& name) {
 bool listAt(int directory, std::vector<std::string>& names) {
     const int own = openat(directory, ".", openDirectory);
     const std::unique_ptr<DIR, CloseDirectory> entries(own != -1 ? fdopendir(own) : nullptr);
-    if (!entries) return false;
-    errno = 0;
-    while (const dirent* entry = readdir(entries.get())) {
+    if (!entries) {
+        const Descriptor unused(own);
+        return false;
+    }
+    const auto next = [&entries] {
+        errno = 0;  // allocating a name can have set it
+        return readdir(entries.get());
+    };
+    while (const dirent* entry = next()) {
         const std::string name = static_cast<const char*>(entry->d_name);
         if (!isItselfOrParent(name)) names.push_back(name);
     }
+    const bool isComplete = errno == 0;
     std::ranges::sort(names);
-    return errno == 0;
+    return isComplete;
 }
 
 bool writeAll(int file, std::string_view bytes) {

@@ -2,16 +2,17 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 /// Files that are reached through the descriptor of their directory, even if its path changes meanwhile. A symbolic
-/// link is never followed. On failure errno has the cause.
+/// link is never followed. On failure errno has the cause. listDirectory alone takes a path.
 namespace zev {
 
-/// Owns a file descriptor and closes it at its end; a negative one stands for none.
+/// Owns a file descriptor and closes it at its end, without a change of errno; a negative one stands for none.
 class Descriptor {
 public:
     explicit Descriptor(int number = -1) : number_(number) {}
@@ -30,7 +31,9 @@ public:
 
 private:
     void reset() {
+        const int error = errno;
         if (isOpen()) close(number_);
+        errno = error;
         number_ = -1;
     }
 

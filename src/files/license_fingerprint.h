@@ -1,7 +1,6 @@
 #pragma once
 
 #include <sha2.h>
-#include <sys/types.h>  // which the header of libmd needs first
 
 #include <span>
 #include <string>

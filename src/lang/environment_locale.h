@@ -15,8 +15,8 @@ namespace zev {
 [[nodiscard]] std::string environmentLocale();
 
 /// Makes the locale of a value, such as "pt_BR.UTF-8", ICU's default, and its code set the code page of the process. A
-/// value that names a code set alone leaves the language to LANG. Comes before any other use of ICU, which from here on
-/// has no data but its own.
+/// value that names a code set alone leaves the language to LANG. The first call comes before any other use of ICU,
+/// which from here on has no data but its own.
 void adoptLocale(const std::string& value);
 
 /// Does the same with the value of the environment.

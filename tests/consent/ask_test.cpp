@@ -174,6 +174,9 @@ TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
     }
     EXPECT_THAT(script("mkdir gone && cd gone && rmdir ../gone && \"$@\" --accept any", {"-s", "state"}).err,
                 HasSubstr("state cannot be found: the working directory was removed."));
+    EXPECT_EQ(ask({"--accept", "any", "-v", "\x1B(B"}, {{"LC_ALL", "ja_JP.ISO-2022-JP"}}).exitCode, 3)
+        << "no character";
+    EXPECT_EQ(ask({"--accept", "any"}, {{"SUDO_USER", std::string(70'000, 'x')}}).exitCode, 3) << "for later runs";
     EXPECT_EQ(accept({"--expect", terms(), "-v", std::string(200, '2')}).exitCode, 0);
 }
 

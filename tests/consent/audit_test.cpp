@@ -43,7 +43,7 @@ TEST_F(Audit, showsARowForEachAcceptanceAndForEachVersionThatCameWithIt) {
     EXPECT_EQ(audit({"--expect", fingerprint, state}).exitCode, 0);
     const Finished unlike = audit({"--expect", "0123456789abcdef0123456789abcdef", state});
     EXPECT_EQ(unlike.exitCode, 1);
-    EXPECT_THAT(unlike.out, ContainsRegex("0123456789abcdef  - .*NOT ACCEPTED  " + state));
+    EXPECT_THAT(unlike.out, ContainsRegex("\n- +- +0123456789abcdef  - .*NOT ACCEPTED  " + state));
     EXPECT_THAT(audit({state, sandbox.path("none")}).out, HasSubstr("NOT ACCEPTED  " + sandbox.path("none") + "\n"));
     EXPECT_EQ(audit({"-p", "other", state}).exitCode, 1);
 
@@ -83,7 +83,7 @@ TEST_F(Audit, lendsARecordOfZevNoMoreThanItProves) {
 
 TEST_F(Audit, showsNothingThatATerminalWouldObey) {
     ASSERT_EQ(accept().exitCode, 0);
-    sandbox.write(record() + ".log", "2020-01-01T00:00:00Z\t\x1B]0;x\x07\tw\n");
+    sandbox.write(record() + ".log", "\t\t\n2020-01-01T00:00:00Z\t\x1B]0;x\x07\tw\n");
     ASSERT_EQ(script("cd " + record() +
                      " && sed -i "
                      "'s/^version=.*/version=\"\\\\\\t\\x1B[31m\\xC2\\x9B\\xE2\\x80\\xAEй\\xFF/;s/^who=.*/who=日本/"
@@ -100,7 +100,9 @@ TEST_F(Audit, showsNothingThatATerminalWouldObey) {
             EXPECT_THAT(finished.out, Not(HasSubstr(obeyed)));
         EXPECT_THAT(finished.out, AllOf(HasSubstr("[31m??й?"), HasSubstr("?]0;x?"), HasSubstr("日本")));
     }
-    EXPECT_THAT(audit({"--tsv", sandbox.path("state")}).out, HasSubstr("\t" + shown + "\t"));
+    const std::string tsv = audit({"--tsv", sandbox.path("state")}).out;
+    EXPECT_THAT(tsv, HasSubstr("\t" + shown + "\t"));
+    EXPECT_EQ(std::ranges::count(tsv, '\n'), 3) << "a line of the log without a time is none";
     EXPECT_THAT(ask().out, Not(HasSubstr("\x1B")));
     sandbox.write("licenses/notices", utf16(u"new\n"));
     Terminal notice = onTerminal({"-v", "3.0"});

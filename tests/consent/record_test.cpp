@@ -101,6 +101,10 @@ TEST_F(AskRecord, leavesAloneWhateverOthersPutWhereItWorks) {
     plant(".zev-ask-free", true);
     plant(".zev-ask-held", true);
     plant(".zev-ask-young", true);
+    const std::string closed = sandbox.path("state/.zev-ask-closed/record");
+    sandbox.write("state/.zev-ask-closed/record/file", "");
+    plant(".zev-ask-closed", true);
+    fs::permissions(closed, fs::perms::owner_read);                     // what is in it can be listed and not removed
     sandbox.write("state/.zev-ask-records/rocket/acceptance", "kept");  // a name like that of a scratch directory
     fs::last_write_time(sandbox.path("state/.zev-ask-records"), longAgo);
     sandbox.write("state/.zev-ask-file", "");
@@ -114,7 +118,8 @@ TEST_F(AskRecord, leavesAloneWhateverOthersPutWhereItWorks) {
         ASSERT_EQ(chown(sandbox.path("state/.zev-ask-foreign").c_str(), stranger, stranger), 0);
         fs::last_write_time(sandbox.path("state/.zev-ask-foreign"), longAgo);
     }
-    EXPECT_EQ(accept().exitCode, 0);
+    EXPECT_EQ(accept({}, [] { withoutTerminal(), boundByPermissions(); }).exitCode, 0);
+    fs::permissions(closed, fs::perms::owner_all);
     close(lock);
     EXPECT_FALSE(sandbox.has("state/.zev-ask-free"));
     for (const char* kept :
@@ -144,7 +149,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         {"/state", 01777, 0, 0, asStranger, "your records would not count there"},
         {"/state", 0777, 0, 0, withoutTerminal, "state is not safe"},
         {"/state", 0775, 0, stranger, withoutTerminal, "state is not safe"},
-        {"/state/rocket", 0775, 0, stranger, withoutTerminal, "a group other than that of root can write to it"},
+        {"/state/rocket", 0775, 0, stranger, withoutTerminal, "rocket can be written to by a group other than"},
     };
     for (const auto& [name, mode, user, group, prepare, says] : rows) {
         sandbox.remove("above");
@@ -156,6 +161,7 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         EXPECT_THAT(finished.err, HasSubstr(says));
         EXPECT_EQ(sandbox.has("above/state/rocket/" + terms()), *says == '\0') << says << mode;
     }
+    EXPECT_THAT(audit({sandbox.path("above/state")}).out, HasSubstr("INCOMPLETE"));
     sandbox.remove("above");
     sandbox.write("above/real/file", "");
     ASSERT_EQ(chmod(sandbox.path("above").c_str(), 01777), 0);

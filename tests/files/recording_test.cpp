@@ -1,6 +1,4 @@
 #include <gmock/gmock.h>
-#include <linux/capability.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -152,10 +150,8 @@ TEST(RecordingWithoutPrivileges, keepsWhatItMayNotWriteAndTakesForAbsentWhatItMa
         sandbox.write(file, "Status=9\n");
         const auto allow = [path = sandbox.path(closed)](mode_t bits) { ASSERT_EQ(chmod(path.c_str(), bits), 0); };
         allow(mode);
-        // Without these capabilities, permissions bind root too; other users have none to drop.
-        const Finished finished = run(sandbox.arguments({"-debug", "-t", "5", "-m", sandbox.path("m")}), {}, "", [] {
-            for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, capability);
-        });
+        const Finished finished =
+            run(sandbox.arguments({"-debug", "-t", "5", "-m", sandbox.path("m")}), {}, "", boundByPermissions);
         allow(0700);
         EXPECT_EQ(finished.exitCode, exitCode);
         EXPECT_THAT(finished.err, HasSubstr(line));

@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/capability.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <termios.h>
@@ -73,6 +75,10 @@ int exitCodeOf(pid_t process) {
 Arguments joined(Arguments arguments, const Arguments& more) {
     arguments.insert(arguments.end(), more.begin(), more.end());
     return arguments;
+}
+
+void boundByPermissions() {
+    for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, capability);
 }
 
 std::vector<LanguageEntry> languages() {

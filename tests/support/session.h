@@ -62,6 +62,8 @@ struct Finished {
 /// What the new process does before it starts the binary.
 using Preparation = void (*)();
 inline void unprepared() {}
+/// Drops what lets root pass over permissions; other users have nothing to drop.
+void boundByPermissions();
 
 /// Runs the real binary, or another program, to its end: with nothing in its environment but TZ=UTC, a PATH and
 /// `environment`, and with `input` in a file on its standard input.
