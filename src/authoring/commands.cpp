@@ -3,6 +3,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "authoring/language_profile.h"
 #include "authoring/set_builder.h"
 #include "authoring/set_checks.h"
 #include "authoring/set_files.h"
@@ -99,6 +100,12 @@ void writeJson(const BuildCommand& command, const BuildResult& result) {
     std::cout << textOf(json);
 }
 
+void warnIfLanguagesAreUnknown() {
+    if (knowsLanguages()) return;
+    std::cerr << "zev-licenses: languages in Latin script are not told apart, perhaps because /proc is missing"
+              << std::endl;
+}
+
 int statusOf(const Findings& findings, bool isStrict) {
     return areFatal(findings, isStrict) ? authoring_status::findings : authoring_status::clean;
 }
@@ -116,6 +123,7 @@ int cannotWork(const std::string& reason) {
 }
 
 int runBuild(const BuildCommand& command) {
+    warnIfLanguagesAreUnknown();
     const BuildResult result =
         buildSet(command.sources, command.output,
                  {command.languageSet, command.standIn, command.language, command.accepted, command.strict});
@@ -128,6 +136,7 @@ int runBuild(const BuildCommand& command) {
 }
 
 int runCheck(const CheckCommand& command) {
+    warnIfLanguagesAreUnknown();
     CheckReport report;
     std::string problem;
     if (!checkSet(command.directory, {command.languageSet, command.standIn}, report.findings, problem)) {

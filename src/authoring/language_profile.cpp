@@ -208,6 +208,8 @@ std::string betterChinese(const icu::UnicodeString& text, const std::string& cod
     return lost(isTraditional) > lost(!isTraditional) + limit ? (isTraditional ? "zh" : "zh_TW") : "";
 }
 
+bool knowsLanguages() { return !knownLanguages().empty(); }
+
 std::string clearlyBetterLanguage(const icu::UnicodeString& text, const std::string& code) {
     if (std::string better = betterChinese(text, code); !better.empty()) return better;
     const auto hasCode = [&](const Fingerprint& language) { return fp_Name(language.get()) == code; };

@@ -36,6 +36,9 @@ enum class ScriptFit { most, some, hardlyAny };
 /// most fit.
 [[nodiscard]] ScriptFit scriptFit(const LanguageProfile& language, const icu::UnicodeString& text);
 
+/// Whether languages in Latin script can be told apart: without /proc, or memory for files, they cannot.
+[[nodiscard]] bool knowsLanguages();
+
 /// The language that a text fits clearly better than `code`; empty if there is none. Languages in Latin script are
 /// compared by their frequent letter groups, unless the text is short; for the two ways of writing Chinese see
 /// `betterChinese`. Each of the others has a script of its own.
