@@ -1,4 +1,4 @@
-# What `cmake --install` installs. It silently leaves out what a build does not have, such as zev-licenses.
+# What `cmake --install` installs. A build without zev-ask, zev-audit and zev-licenses installs their manuals all the same.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -45,4 +45,4 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/zevConfigVersion.cmake
   COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
 install(EXPORT zevTargets NAMESPACE zev:: DESTINATION ${package_dir})
 install(FILES cmake/zevConfig.cmake ${PROJECT_BINARY_DIR}/zevConfigVersion.cmake DESTINATION ${package_dir})
-install(FILES cmake/ZevLicenseSet.cmake DESTINATION ${package_dir} OPTIONAL)
+install(FILES cmake/ZevLicenseSet.cmake DESTINATION ${package_dir})

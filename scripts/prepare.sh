@@ -29,12 +29,14 @@ fail() {
 
 # quietly WHAT COMMAND...: runs a command without input, and shows its output only if it fails.
 quietly() {
-    local what=$1 log=build/last-step.log
+    local what=$1 log=build/last-step.$$.log
     shift
     "$@" >"$log" 2>&1 </dev/null || {
         cat "$log" >&2
+        rm "$log"
         fail "zev: cannot go on: $what failed."
     }
+    rm "$log"
 }
 
 # run_tests LOG CTEST-OPTION...: runs tests, and shows the output of those that fail and nothing else.

@@ -89,7 +89,7 @@ def try_on(root, source, options, refusal):
     check_undisturbed(sandbox, SCENARIOS)
     check_undisturbed(consent, CALLS)
     bound = "every case" if options.seconds is None else f"{options.seconds:g} seconds"
-    print(f"{options.binary}, {bound}, seed {options.seed}\n\n{'':<58} {'tried':>7} {'short':>7} {'described':>10}")
+    print(f"{options.binary}, {bound}, seed {options.seed}\n\n{'':<58} {'tried':>7} {'broken':>7} {'described':>10}")
     lab = Lab(sandbox, options.seconds, options.seed, refusal)
     for groups, tried, share in ((GROUPS, sandbox, 1 - CONSENT_SHARE), (CONSENT, consent, CONSENT_SHARE)):
         for group in groups:
