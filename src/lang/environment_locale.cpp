@@ -62,9 +62,11 @@ icu::Locale localeOf(LocaleValue value) {
 
     std::string canonical(name.size() + ULOC_FULLNAME_CAPACITY, '\0');
     UErrorCode status = U_ZERO_ERROR;
-    uloc_canonicalize(name.c_str(), canonical.data(), static_cast<int32_t>(canonical.size()), &status);
+    const auto size = static_cast<int32_t>(canonical.size());
+    const int32_t length = uloc_canonicalize(name.c_str(), canonical.data(), size, &status);
     if (U_FAILURE(status)) return isLong(name) ? localeNamed(name) : icu::Locale("");
-    return localeNamed(canonical.c_str());
+    canonical.resize(static_cast<std::size_t>(length));
+    return localeNamed(canonical);
 }
 
 /// The converter is null if ICU does not know the name.
@@ -101,7 +103,7 @@ void adoptLocale(const std::string& value) {
 }
 
 icu::Locale localeNamed(const std::string& name) {
-    const icu::Locale locale(name.c_str());
+    icu::Locale locale(name.c_str());
     if (!locale.isBogus() || !isLong(name)) return locale;
     std::array<char, ULOC_LANG_CAPACITY> language{};
     UErrorCode status = U_ZERO_ERROR;
