@@ -32,6 +32,7 @@ struct RawEntry {
 };
 
 /// Removes what it can in one pass over a directory. Returns whether anything is gone.
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the tree
 bool removeSomeIn(int directory) noexcept {
     alignas(RawEntry) char entries[4096];
     bool hasRemoved = false;
@@ -98,6 +99,7 @@ bool syncAt(int parent, const std::string& name) {
     return fsync(file.get()) == 0 || errno == EINVAL;
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the tree
 void removeTreeAt(int parent, const char* name) noexcept {
     if (unlinkat(parent, name, 0) == 0) return;
     const int directory = openat(parent, name, openDirectory);
