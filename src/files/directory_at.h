@@ -31,9 +31,9 @@ public:
 
 private:
     void reset() {
-        const int error = errno;
+        const int cause = errno;
         if (isOpen()) close(number_);
-        errno = error;
+        errno = cause;
         number_ = -1;
     }
 
