@@ -63,7 +63,7 @@ TEST_F(AskOnTerminal, givesTheTerminalBackAndLeavesNothingOnEveryWayOut) {
                              SIGXFSZ, SIGIO,  SIGPROF, SIGVTALRM, SIGPWR,  SIGABRT, SIGRTMIN, SIGRTMAX};
     for (const int signal : signals) {
         Terminal terminal = onTerminal({"-s", sandbox.path("new/state")});
-        const termios before = terminal.settings();
+        const termios before = terminal.settingsBefore();
         terminal.waitFor("completed viewing");
         EXPECT_FALSE(areSame(terminal.settings(), before));
         EXPECT_TRUE(sandbox.has("new/state"));
@@ -74,7 +74,7 @@ TEST_F(AskOnTerminal, givesTheTerminalBackAndLeavesNothingOnEveryWayOut) {
     }
     for (const auto& [answer, exitCode] : {std::pair("\x03", -SIGINT), {"2\n2", 1}, {"1", 0}}) {
         Terminal terminal = onTerminal({"-s", sandbox.path("new/state")});
-        const termios before = terminal.settings();
+        const termios before = terminal.settingsBefore();
         terminal.answer("completed viewing", answer);
         EXPECT_EQ(terminal.finish().exitCode, exitCode);
         EXPECT_TRUE(areSame(terminal.settings(), before)) << exitCode;

@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
+#include <utmp.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -144,8 +145,16 @@ Terminal::Terminal(unsigned short rows, unsigned short columns, const Arguments&
     settings.c_cc[VEOF] = '\x04';
     settings.c_cc[VINTR] = '\x03';
     const winsize size{rows, columns, 0, 0};
-    process_ = forkpty(&terminal_, nullptr, &settings, &size);
-    if (process_ == 0) execute(program, arguments, environment, prepare);
+    int end = -1;
+    EXPECT_EQ(openpty(&terminal_, &end, nullptr, &settings, &size), 0);
+    EXPECT_EQ(tcgetattr(terminal_, &before_), 0);
+    process_ = fork();
+    if (process_ == 0) {
+        close(terminal_);
+        login_tty(end);
+        execute(program, arguments, environment, prepare);
+    }
+    close(end);
 }
 
 Terminal::~Terminal() {

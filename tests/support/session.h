@@ -92,8 +92,9 @@ public:
     [[nodiscard]] const std::string& screen() const { return unread_; }
     void raise(int signal) const;
     void hangUp();
-    /// The present modes of the terminal.
+    /// The present modes of the terminal, and those that it had when the process began.
     [[nodiscard]] termios settings() const;
+    [[nodiscard]] const termios& settingsBefore() const { return before_; }
     /// Waits for the end of the process; `out` is what appeared after the text that was waited for last.
     Finished finish();
     /// Does the same without reading what is shown.
@@ -105,6 +106,7 @@ private:
 
     pid_t process_ = -1;
     int terminal_ = -1;
+    termios before_{};
     std::string unread_;
 };
 
