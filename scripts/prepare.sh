@@ -33,10 +33,10 @@ quietly() {
     shift
     "$@" >"$log" 2>&1 </dev/null || {
         cat "$log" >&2
-        rm "$log"
+        rm -f "$log"
         fail "zev: cannot go on: $what failed."
     }
-    rm "$log"
+    rm -f "$log"
 }
 
 # run_tests LOG CTEST-OPTION...: runs tests, and shows the output of those that fail and nothing else.

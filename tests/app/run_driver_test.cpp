@@ -189,11 +189,7 @@ TEST(RunDriver, failsWithTheCodeOfTheStageThatFailed) {
     const std::tuple<int, Arguments, const char*, std::string, std::string> rows[]{
         // A file that is there, and its bytes.
         {21, {}, "status", "", ""},
-        {23,
-         {},
-         "licenses/LA_en",
-         "\0\0"s,
-         "Function breakText ended up with a vector of size 0\nDEBUG: Failed breakText for license text"},
+        {23, {}, "licenses/LA_en", "\0\0"s, " with a vector of size 0\nDEBUG: Failed breakText for license text"},
         {15, {"-t", "5"}, "status/license", "", "Problem writing status files, errno = 20"},
     };
     for (const auto& [exitCode, more, file, bytes, cause] : rows) {

@@ -104,7 +104,8 @@ TEST_F(AskRecord, leavesAloneWhateverOthersPutWhereItWorks) {
     const std::string closed = sandbox.path("state/.zev-ask-closed/record");
     sandbox.write("state/.zev-ask-closed/record/file", "");
     plant(".zev-ask-closed", true);
-    fs::permissions(closed, fs::perms::owner_read);                     // what is in it can be listed and not removed
+    fs::permissions(closed, fs::perms::owner_read);  // what is in it can be listed and not removed
+
     sandbox.write("state/.zev-ask-records/rocket/acceptance", "kept");  // a name like that of a scratch directory
     fs::last_write_time(sandbox.path("state/.zev-ask-records"), longAgo);
     sandbox.write("state/.zev-ask-file", "");
