@@ -7,11 +7,11 @@ passed=0 failed=0
 check() {
     local sentence="$recipe $1"
     shift
-    if "$@" >"$work/output" 2>&1; then
+    if "$@" >"$work/output.$recipe" 2>&1; then
         passed=$((passed + 1))
     else
         failed=$((failed + 1))
-        echo "FAILED: $sentence" && sed 's/^/    /' "$work/output"
+        echo "FAILED: $sentence" && sed 's/^/    /' "$work/output.$recipe"
     fi
 }
 
