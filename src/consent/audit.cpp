@@ -12,7 +12,6 @@
 #include "consent/person.h"
 #include "consent/store.h"
 #include "consent/terms.h"
-#include "consent/trusted_path.h"
 #include "files/directory_at.h"
 #include "files/license_copies.h"
 #include "files/paths.h"
@@ -43,9 +42,8 @@ public:
         if (!state_.isOpen() || fstat(state_.get(), &status) != 0 || !listAt(state_.get(), names)) {
             return {{{}, auditIncomplete, path_}};
         }
-        // A master directory has records of any member of its group.
-        const bool isGroups = (status.st_mode & S_IWGRP) != 0;
-        isOfRoot_ = !isGroups && status.st_uid == 0;
+        // A master directory has records of any member of its group. One to which everyone can write is none.
+        const bool isGroups = (status.st_mode & (S_IWGRP | S_IWOTH)) == S_IWGRP;
         owners_ = isGroups ? Owners::anyOne() : Owners::ofState(status);
         for (const std::string& name : names) {
             if (call_.product.empty() || name == call_.product) addProduct(name);
@@ -88,19 +86,13 @@ private:
         std::string ignored;
         Owners owners = *owners_;
         const Descriptor product = openOwnedDirectory(state_.get(), name, owners, ignored);
-        if (!product.isOpen() || isRefused(product) || !listAt(product.get(), entries)) {
+        if (!product.isOpen() || !listAt(product.get(), entries)) {
             rows_.push_back({{{"product", name}}, auditIncomplete, joinPath(path_, name)});
             return;
         }
         for (const std::string& entry : entries) {
             if (isFingerprint(entry)) addRecord(product.get(), name, entry);
         }
-    }
-
-    /// Whether zev-ask, too, takes no record from the directory of a product.
-    [[nodiscard]] bool isRefused(const Descriptor& product) const {
-        struct stat status {};
-        return isOfRoot_ && (fstat(product.get(), &status) != 0 || isOpenToGroup(status));
     }
 
     void addRecord(int product, const std::string& name, const std::string& fingerprint) {
@@ -187,7 +179,6 @@ private:
     const std::optional<Copies>& copies_;
     std::string path_;
     Descriptor state_;
-    bool isOfRoot_ = false;
     std::optional<Owners> owners_;
     std::vector<AuditRow> rows_;
 };

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "consent/trusted_path.h"
 #include "files/directory_at.h"
 #include "files/license_fingerprint.h"
 
@@ -42,7 +43,8 @@ bool readPieces(int directory, const std::string& name, std::size_t mostBytes, O
 }  // namespace
 
 bool Owners::accept(const struct stat& file) {
-    if ((file.st_mode & S_IWOTH) != 0) return false;
+    const bool isOfRoot = !isAnyOne_ && isRoots(*owner_);
+    if ((file.st_mode & S_IWOTH) != 0 || (isOfRoot && isOpenToGroup(file))) return false;
     if (isAnyOne_ && !owner_) owner_ = file.st_uid;
     return file.st_uid == owner_ || (!isAnyOne_ && file.st_uid == 0);
 }
@@ -53,7 +55,7 @@ Descriptor openOwnedDirectory(int parent, const std::string& name, Owners& owner
     if (!directory.isOpen() || fstat(directory.get(), &status) != 0) {
         flaw = name + " is not a directory that can be read";
     } else if (!owners.accept(status)) {
-        flaw = name + " belongs to a user whose records do not count, or everyone can write to it";
+        flaw = name + " belongs to a user whose records do not count, or others can write to it";
     } else {
         return directory;
     }
@@ -69,7 +71,7 @@ Descriptor openOwnedFile(int directory, const std::string& name, std::size_t mos
     } else if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
         flaw = name + " is not a regular file";
     } else if (!owners.accept(status)) {
-        flaw = name + " belongs to a user whose records do not count, or everyone can write to it";
+        flaw = name + " belongs to a user whose records do not count, or others can write to it";
     } else if (static_cast<std::size_t>(status.st_size) > mostBytes) {
         flaw = name + " is too large";
     } else {

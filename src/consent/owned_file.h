@@ -13,7 +13,8 @@ namespace zev {
 /// Whose files count as parts of records.
 class Owners {
 public:
-    /// Those of root and of the owner of the state directory.
+    /// Those of root and of the owner of the state directory. If that is root, they count only if no other group can
+    /// write to them.
     [[nodiscard]] static Owners ofState(const struct stat& state) { return {state.st_uid}; }
     /// Those of any user, as in the directory of a group, but the files of one record must all belong to one user.
     [[nodiscard]] static Owners anyOne() { return {std::nullopt}; }

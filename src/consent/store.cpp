@@ -82,13 +82,8 @@ std::string Store::create() {
 Owners Store::owners() const { return use_ == DirectoryUse::master ? Owners::anyOne() : Owners::ofState(status_); }
 
 Descriptor Store::openProduct(std::string& flaw) const {
-    struct stat status {};
     Owners accepted = owners();
-    Descriptor product = openOwnedDirectory(descriptor(), product_, accepted, flaw);
-    if (use_ == DirectoryUse::master || !product.isOpen()) return product;
-    if (fstat(product.get(), &status) == 0 && !isOpenToGroup(status)) return product;
-    flaw = product_ + " can be written to by a group other than that of root";
-    return Descriptor();
+    return openOwnedDirectory(descriptor(), product_, accepted, flaw);
 }
 
 Descriptor Store::productDirectory() const {
@@ -121,8 +116,7 @@ std::optional<Fields> Store::newestOther(const std::string& fingerprint) const {
 /// Gives the directory of a product the group and the mode of the master directory, so that other members can record in
 /// it too. This is done if it is empty: it is new, or a run was killed before it did this.
 bool Store::shareWithGroup(const Descriptor& product) const {
-    // A record does not count in a directory to which everyone can write, even if the master directory is one.
-    constexpr mode_t modeBits = 07777 & ~S_IWOTH;
+    constexpr mode_t modeBits = 07777;
     struct stat status {};
     std::vector<std::string> names;
     if (fstat(product.get(), &status) != 0) return false;

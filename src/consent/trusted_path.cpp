@@ -38,15 +38,22 @@ bool isGroupOfRoot(gid_t id) {
     return id == 0 || (overflow && id == *overflow);
 }
 
-std::string flawOf(const struct stat& status) {
+struct Flaw {
+    std::string what;  ///< empty if there is none
+    std::string remedy;
+};
+
+/// What is wrong with the mode of a directory. A sticky bit does not help the directory of a group, where the records
+/// of all who can write to it count.
+Flaw flawOf(const struct stat& status, bool isOfGroup) {
     const bool isSticky = (status.st_mode & S_ISVTX) != 0;
-    if ((status.st_mode & S_IWOTH) != 0 && !isSticky) {
-        return "everyone can write to it; take that right away with chmod o-w";
+    if ((status.st_mode & S_IWOTH) != 0 && (isOfGroup || !isSticky)) {
+        return {"everyone can write to it", "take that right away with chmod o-w"};
     }
-    if (isOpenToGroup(status)) {
-        return "group " + std::to_string(status.st_gid) + " can write to it; take that right away with chmod g-w";
+    if (geteuid() == 0 && !isOfGroup && isOpenToGroup(status)) {
+        return {"group " + std::to_string(status.st_gid) + " can write to it", "take that right away with chmod g-w"};
     }
-    return "";
+    return {};
 }
 
 /// A walk along a path from the root, one directory after the other.
@@ -104,8 +111,8 @@ private:
     std::string follow(const Descriptor& link, const struct stat& status, const std::string& shown) {
         constexpr int mostLinks = 40;
         std::array<char, PATH_MAX> target;
-        if (!isTrustedOwner(status.st_uid)) return refuse(shown, "it is a link, and " + ownedBy(status.st_uid));
-        if (++links_ > mostLinks) return refuse(shown, "there are too many links in the path");
+        if (!isTrustedOwner(status.st_uid)) return refuse(shown, {"it is a link, and " + ownedBy(status.st_uid), ""});
+        if (++links_ > mostLinks) return refuse(shown, {"there are too many links in the path", ""});
         const ssize_t size = readlinkat(link.get(), "", target.data(), target.size());
         if (size <= 0) return cannot(shown, "read");
         const std::string path(target.data(), static_cast<std::size_t>(size));
@@ -119,20 +126,19 @@ private:
     std::string checkDirectory(const std::string& shown) {
         struct stat status {};
         if (fstat(current_.get(), &status) != 0) return cannot(shown, "opened");
-        if (!S_ISDIR(status.st_mode)) return refuse(shown, "it is not a directory");
-        if (use_ == DirectoryUse::state && !isTrustedOwner(status.st_uid)) return refuse(shown, ownedBy(status.st_uid));
+        if (!S_ISDIR(status.st_mode)) return refuse(shown, {"it is not a directory", ""});
+        if (use_ == DirectoryUse::state && !isTrustedOwner(status.st_uid)) {
+            return refuse(shown, {ownedBy(status.st_uid), ""});
+        }
         owners_.push_back({shown, status.st_uid});
-        const bool isGroups = use_ == DirectoryUse::master && steps_.empty();
-        struct stat judged = status;
-        if (isGroups) judged.st_mode &= ~static_cast<mode_t>(S_IWGRP);
-        const std::string flaw = flawOf(judged);
-        return flaw.empty() ? "" : refuse(shown, flaw);
+        const Flaw flaw = flawOf(status, use_ == DirectoryUse::master && steps_.empty());
+        return flaw.what.empty() ? "" : refuse(shown, flaw);
     }
 
     /// Comes last, because the owner of the master directory is known only then.
     [[nodiscard]] std::string checkOwners() const {
         for (const auto& [shown, owner] : owners_) {
-            if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, ownedBy(owner));
+            if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, {ownedBy(owner), ""});
         }
         return "";
     }
@@ -141,9 +147,11 @@ private:
         return "it belongs to user " + std::to_string(owner) + ", who can change it";
     }
 
-    [[nodiscard]] std::string refuse(const std::string& shown, const std::string& why) const {
+    [[nodiscard]] std::string refuse(const std::string& shown, const Flaw& flaw) const {
+        const std::string remedy = flaw.remedy.empty() ? "" : flaw.remedy + ", or ";
         const char* option = use_ == DirectoryUse::state ? "-s" : "-m";
-        return shown + " is not safe for records: " + why + ". Otherwise name another directory with " + option + ".";
+        return shown + " is not safe for records: " + flaw.what + "; " + remedy + "name another directory with " +
+               option + ".";
     }
 
     static std::string cannot(const std::string& shown, const char* done) {
@@ -167,11 +175,13 @@ private:
 
 }  // namespace
 
-bool isOpenToGroup(const struct stat& directory) {
-    return geteuid() == 0 && (directory.st_mode & S_IWGRP) != 0 && !isGroupOfRoot(directory.st_gid);
+bool isOpenToGroup(const struct stat& status) {
+    return (status.st_mode & S_IWGRP) != 0 && !isGroupOfRoot(status.st_gid);
 }
 
-bool isTrustedOwner(uid_t owner) { return owner == 0 || owner == geteuid() || isOverflowUser(owner); }
+bool isRoots(uid_t owner) { return owner == 0 || isOverflowUser(owner); }
+
+bool isTrustedOwner(uid_t owner) { return isRoots(owner) || owner == geteuid(); }
 
 TrustedDirectory openTrusted(const std::string& path, DirectoryUse use) { return Walk(path, use, false).run(); }
 

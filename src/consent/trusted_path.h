@@ -10,11 +10,14 @@
 
 namespace zev {
 
-/// Whether a user is root, the caller or, in a user namespace, the id that stands for all users outside.
+/// Whether a user is root or, in a user namespace, the id that stands for all users outside.
+[[nodiscard]] bool isRoots(uid_t owner);
+
+/// Whether a user is one of these or the caller.
 [[nodiscard]] bool isTrustedOwner(uid_t owner);
 
-/// Whether the caller is root and a group other than that of root can write to a directory.
-[[nodiscard]] bool isOpenToGroup(const struct stat& directory);
+/// Whether a group other than that of root can write to a file or directory.
+[[nodiscard]] bool isOpenToGroup(const struct stat& status);
 
 enum class DirectoryUse {
     state,  ///< the directory itself must be as safe as those above it
@@ -28,8 +31,9 @@ struct TrustedDirectory {
 };
 
 /// Opens the directory of an absolute path, step by step from the root. Each directory of the path must belong to a
-/// trusted owner. If everyone can write to it, it must have the sticky bit. If the caller is root, no group other than
-/// that of root may be able to write to it. Only links that root or the caller owns are followed.
+/// trusted owner. If everyone can write to it, it must have the sticky bit, and it is not a master directory. If the
+/// caller is root, no group other than that of root may be able to write to it, except to a master directory. Only
+/// links that root or the caller owns are followed.
 [[nodiscard]] TrustedDirectory openTrusted(const std::string& path, DirectoryUse use);
 
 /// Does the same, and creates missing directories with mode 0755. They are registered in way_out.
