@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
+#include <optional>
 #include <utility>
 
 #include "app/start_process.h"
@@ -202,8 +203,12 @@ private:
         fields["zev"] = runOptions.version.substr(1);
         problem = writeRecord(fields, terms_, call_.languageSet);
         adoptTerminalLocale();
-        if (problem.empty()) problem = state_.publish(scratch_.directory.get(), recordDirectory, terms_.fingerprint());
+        std::optional<Fields> earlier;
+        if (problem.empty()) {
+            problem = state_.publish(scratch_.directory.get(), recordDirectory, terms_.fingerprint(), earlier);
+        }
         if (!problem.empty()) return fail("the acceptance cannot be recorded: " + problem);
+        if (earlier) return acceptedBefore(*earlier);
         groups != nullptr ? logVersion(fields) : completeMaster();
         report("(" + mode + ")");
         return ask_status::accepted;

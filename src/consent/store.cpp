@@ -135,7 +135,8 @@ std::string Store::openProductDirectory(Descriptor& product) const {
     return isShared ? "" : failure(joinPath(path_, product_));
 }
 
-std::string Store::move(int scratch, const std::string& name, const std::string& fingerprint) {
+std::string Store::move(int scratch, const std::string& name, const std::string& fingerprint,
+                        std::optional<Fields>& earlier) {
     // Another run that declined can remove a directory that it made just as this one enters it.
     constexpr int attempts = 5;
     std::string problem;
@@ -149,16 +150,19 @@ std::string Store::move(int scratch, const std::string& name, const std::string&
         }
         problem = failure(joinPath(joinPath(path_, product_), fingerprint));
         if (errno == EEXIST || errno == ENOTEMPTY) {
-            return judgeRecord(product.get(), product_, fingerprint, owners()).state == RecordState::whole ? ""
-                                                                                                           : problem;
+            const Record there = judgeRecord(product.get(), product_, fingerprint, owners());
+            if (there.state != RecordState::whole) return problem;
+            earlier = there.fields;
+            return "";
         }
         if (errno != ENOENT) break;
     }
     return problem;
 }
 
-std::string Store::publish(int scratch, const std::string& name, const std::string& fingerprint) {
-    return syncRecord(scratch, name) ? move(scratch, name, fingerprint) : failure(path_);
+std::string Store::publish(int scratch, const std::string& name, const std::string& fingerprint,
+                           std::optional<Fields>& earlier) {
+    return syncRecord(scratch, name) ? move(scratch, name, fingerprint, earlier) : failure(path_);
 }
 
 std::string Store::publishCopy(const Store& other, const std::string& fingerprint) {
@@ -170,7 +174,8 @@ std::string Store::publishCopy(const Store& other, const std::string& fingerprin
     if (mkdirat(scratch.directory.get(), recordDirectory, directoryMode) != 0) return failure(path_);
     const Descriptor made = openDirectoryAt(scratch.directory.get(), recordDirectory);
     if (!record.isOpen() || !copyRecord(record.get(), made.get(), accepted, problem)) return problem;
-    return publish(scratch.directory.get(), recordDirectory, fingerprint);
+    std::optional<Fields> earlier;
+    return publish(scratch.directory.get(), recordDirectory, fingerprint, earlier);
 }
 
 std::string Store::logVersion(const std::string& fingerprint, const std::string& version,

@@ -29,8 +29,9 @@ public:
     [[nodiscard]] std::optional<Fields> newestOther(const std::string& fingerprint) const;
 
     /// Writes a record, the directory `name` of a scratch directory, to the disk, and then moves it into place. If
-    /// another run has put a whole record there before, that is a success too.
-    [[nodiscard]] std::string publish(int scratch, const std::string& name, const std::string& fingerprint);
+    /// another run has put a whole record there before, that is a success too, and `earlier` is its acceptance.
+    [[nodiscard]] std::string publish(int scratch, const std::string& name, const std::string& fingerprint,
+                                      std::optional<Fields>& earlier);
 
     /// Copies a record of another store to a scratch directory of its own, and publishes the copy.
     [[nodiscard]] std::string publishCopy(const Store& other, const std::string& fingerprint);
@@ -46,7 +47,8 @@ private:
     [[nodiscard]] Descriptor productDirectory() const;
     [[nodiscard]] bool shareWithGroup(const Descriptor& product) const;
     [[nodiscard]] std::string openProductDirectory(Descriptor& product) const;
-    [[nodiscard]] std::string move(int scratch, const std::string& name, const std::string& fingerprint);
+    [[nodiscard]] std::string move(int scratch, const std::string& name, const std::string& fingerprint,
+                                   std::optional<Fields>& earlier);
 
     std::string path_;
     DirectoryUse use_;

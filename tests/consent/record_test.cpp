@@ -37,8 +37,8 @@ TEST_F(AskRecord, isJudgedBeforeAnythingIsShownAndAsTheAuditDoes) {
         {"truncate -s 1G acceptance", "too large", "INCOMPLETE"},
         {"truncate -s 257M license/English.txt", "too large", "INCOMPLETE"},
         {"rm license/English.txt && mkdir license/English.txt", "not a regular file", "INCOMPLETE"},
-        {"chmod o+w license/English.txt", "everyone can write to it", "INCOMPLETE"},
-        {"chmod o+w .", "everyone can write to it", "INCOMPLETE"},
+        {"chmod o+w license/English.txt", "others can write to it", "INCOMPLETE"},
+        {"chmod o+w .", "others can write to it", "INCOMPLETE"},
         {"echo mode=x >>acceptance", "has one twice", "INCOMPLETE"},
         {"sed -i /^accepted=/d acceptance", "lacks a field", "INCOMPLETE"},
         {"sed -i /^terms=/d acceptance", "lacks a field", "INCOMPLETE"},
@@ -86,6 +86,10 @@ TEST_F(AskRecord, countsIfItsFilesAreThoseOfRootOrOfTheOwnerOfTheState) {
         EXPECT_EQ(audit({sandbox.path("state")}).exitCode, 1) << file;
         ASSERT_EQ(chown(sandbox.path("state").c_str(), stranger, stranger), 0);
         EXPECT_EQ(audit({sandbox.path("state")}).exitCode, 0) << "that of a user, whoever looks at it";
+        ASSERT_EQ(script("chown -R 0:12345 state && chmod g+w " + record(file)).exitCode, 0);
+        EXPECT_THAT(accept().err, HasSubstr("or others can write to it")) << file;
+        ASSERT_EQ(script("chmod 1777 state && chown -R 12345 state/* && chmod g-w " + record(file)).exitCode, 0);
+        EXPECT_EQ(audit({sandbox.path("state")}).exitCode, 1) << "a master directory is not everyone's";
     }
 }
 
@@ -150,7 +154,8 @@ TEST_F(AskRecord, goesOnlyWhereNobodyElseCanLeadIt) {
         {"/state", 01777, 0, 0, asStranger, "your records would not count there"},
         {"/state", 0777, 0, 0, withoutTerminal, "state is not safe"},
         {"/state", 0775, 0, stranger, withoutTerminal, "state is not safe"},
-        {"/state/rocket", 0775, 0, stranger, withoutTerminal, "rocket can be written to by a group other than"},
+        {"/state/rocket", 0775, 0, stranger, withoutTerminal,
+         "rocket belongs to a user whose records do not count, or"},
     };
     for (const auto& [name, mode, user, group, prepare, says] : rows) {
         sandbox.remove("above");
@@ -244,7 +249,7 @@ TEST_F(AskRecord, ofAGroupIsCopiedWithWhatItSays) {
     ASSERT_EQ(editAll("chmod o+w acceptance"), 0);
     EXPECT_EQ(ask(joined(grouped, {"-s", third})).exitCode, 3);
     ASSERT_EQ(editAll("chmod o-w acceptance"), 0);
-    ASSERT_EQ(chmod(sandbox.path("master").c_str(), 0777), 0);
+    ASSERT_EQ(chmod(sandbox.path("master").c_str(), 01777), 0);
     EXPECT_THAT(ask(joined(grouped, {"-s", third})).err, HasSubstr("everyone can write to it"));
     ASSERT_EQ(chmod(sandbox.path("master").c_str(), 02775), 0);
     SKIP_UNLESS_ROOT("give files to others");
@@ -301,14 +306,16 @@ TEST_F(AskRecord, isOneOfManyRunsAtOnce) {
     people.pop_front();
     const Finished crowd = script(R"sh(
         for i in 1 2 3 4 5 6 7 8 9 10 11 12; do "$@" --accept any & runs="$runs $!"; done
-        for run in $runs; do wait $run || echo "failed with $?"; done)sh");
+        for run in $runs; do wait $run || echo "failed with $?"; done)sh",
+                                  {"-v", "1.0"});
     EXPECT_THAT(crowd.out, Not(HasSubstr("failed"))) << crowd.err;
     for (Terminal& person : people) {
         person.type("1");
         EXPECT_EQ(person.finish().exitCode, 0);
     }
-    EXPECT_EQ(script("ls -A state state/rocket").out, "state:\nrocket\n\nstate/rocket:\n" + terms() + "\n");
-    EXPECT_EQ(audit({sandbox.path("state")}).exitCode, 0);
+    EXPECT_EQ(script("ls -A state state/rocket").out,
+              "state:\nrocket\n\nstate/rocket:\n" + terms() + "\n" + terms() + ".log\n");
+    EXPECT_THAT(audit({sandbox.path("state")}).out, AllOf(HasSubstr("rocket   1.0"), HasSubstr("rocket   2.0")));
 }
 
 }  // namespace zev::test
