@@ -166,6 +166,7 @@ private:
                 case Answer::accepted: break;
             }
         } catch (const NobodyAnswers& end) {
+            terminal.discardOutput();
             giveTerminalBack();
             return nobody(end.why);
         }

@@ -51,6 +51,14 @@ void Terminal::waitUntilOut() {
     tcdrain(descriptor_.get());
 }
 
+void Terminal::discardOutput() {
+    const SignalsHeld held;  // among them SIGTTOU, which would stop a run in the background here
+    tcflush(descriptor_.get(), TCOFLUSH);
+    // Only output that a program has stopped can be started by one.
+    tcflow(descriptor_.get(), TCOOFF);
+    tcflow(descriptor_.get(), TCOON);
+}
+
 Terminal::int_type Terminal::underflow() {
     sync();
     if (discardsTypeAhead_) {

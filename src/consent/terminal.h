@@ -28,6 +28,10 @@ public:
     [[nodiscard]] bool isOpen() const { return isOpen_; }
     [[nodiscard]] ScreenSize size() const { return sizeOfTerminal(descriptor_.get()); }
 
+    /// Gives up the output that nobody read, and goes on if somebody has stopped it, so that a last message can be
+    /// written.
+    void discardOutput();
+
     /// Before the next line is read, waits until all output is shown and drops what was typed until then.
     void discardTypeAhead() { discardsTypeAhead_ = true; }
 

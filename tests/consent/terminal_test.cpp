@@ -137,9 +137,13 @@ TEST_F(AskOnTerminal, waitsNoLongerThanItWasTold) {
     EXPECT_THAT(finished.out, HasSubstr("the terms of rocket 2.0: nobody answered within 1 s.\nRead them:"));
     EXPECT_FALSE(sandbox.has("state"));
 
+    Terminal stopped = onTerminal({"--wait", "1"});
+    stopped.answer("completed viewing", "\x13");  // Ctrl-S
+    EXPECT_EQ(stopped.finish().exitCode, 2);
+
     // Nobody reads what is shown either.
     sandbox.write("licenses/LA_en", utf16(std::u16string(200000, u'x')));
-    Terminal unread = onTerminal({"--wait", "1"}, {}, 1, 80);
+    Terminal unread = onTerminal({"--wait", "1"}, {}, 65000, 80);
     EXPECT_EQ(unread.finishUnread(), 2);
     EXPECT_FALSE(sandbox.has("state"));
 }
