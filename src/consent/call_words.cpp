@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "consent/legibility.h"
 #include "files/paths.h"
 #include "lang/environment_locale.h"
 
@@ -26,8 +27,18 @@ std::string shellWord(const std::string& text) {
                std::string_view("/._+-:@%=,").find(static_cast<char>(c)) != std::string_view::npos;
     };
     if (!text.empty() && std::ranges::all_of(text, isPlain)) return text;
+    const std::string shown = printableText(text);
+    const bool isHidden = shown != text;
     std::string word = "'";
-    for (const char c : text) word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    for (const char c : shown) {
+        if (c == '\'') {
+            word += "'\\''";
+        } else if (c == '?' && isHidden) {
+            word += "'?'";
+        } else {
+            word += c;
+        }
+    }
     return word + "'";
 }
 

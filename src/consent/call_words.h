@@ -7,7 +7,8 @@ namespace zev {
 /// The path made absolute, and otherwise as it was written; empty if the working directory was removed.
 [[nodiscard]] std::string absolutePath(const std::string& path);
 
-/// The text, quoted as a shell needs it.
+/// A path, quoted as a shell needs it. For a character that is not printable it has a "?" that is not quoted, which the
+/// shell replaces by that character.
 [[nodiscard]] std::string shellWord(const std::string& text);
 
 /// The path under which zev-ask can be called, as it was called.

@@ -108,7 +108,7 @@ TEST_F(Ask, acceptsBeforehandOnlyWhatNamesTheText) {
 }
 
 TEST_F(Ask, saysWhatToDoWhereNobodyIs) {
-    const std::string odd = sandbox.path("a 'b\" $c\n*d");
+    const std::string odd = sandbox.path("a 'b\" $c\n*d\x1B[31m");
     std::filesystem::rename(sandbox.path("licenses"), odd);
     const Arguments more{"-l", odd};
     const std::tuple<const char*, const char*, bool> rows[]{{"DEBIAN_FRONTEND", "noninteractive", true},
@@ -134,6 +134,7 @@ TEST_F(Ask, saysWhatToDoWhereNobodyIs) {
     const auto from = says.find(begin) + begin.size();
     const Finished shown = script(says.substr(from, says.find("\nAccept them:") - from));
     EXPECT_EQ(shown.out, "en agreement\nen information\n") << says;
+    EXPECT_THAT(says, Not(HasSubstr("\x1B")));
 }
 
 TEST_F(Ask, refusesWhatCannotBeRightBeforeItMakesAnything) {
