@@ -62,40 +62,54 @@ void addLanguageSet(CLI::App& app, int& set) {
 
 void declare(CLI::App& app, AskCall& call) {
     constexpr int mostSeconds = 1'000'000;
-    app.add_option("-p", call.product, "Product, such as rocket")->check(problemOfProduct, "PRODUCT");
-    app.add_option("-v", call.version, "Its version, such as 2.0")->transform(CLI::Validator(takeText, "VERSION"));
-    app.add_option("-l", call.licenses, "Licence directory")->type_name("LICENSES");
+    app.add_option("-p", call.product, "Product, such as rocket (required)")
+        ->type_name("PRODUCT")
+        ->check(problemOfProduct);
+    app.add_option("-v", call.version, "Its version, such as 2.0 (required)")
+        ->type_name("VERSION")
+        ->transform(CLI::Validator(takeText, ""));
+    app.add_option("-l", call.licenses, "Licence directory (required)")->type_name("LICENSES");
     app.add_option("-s", call.state, "State directory, which receives the record")->type_name("STATE");
     app.add_option("-m", call.master, "Master directory, the records of a group")->type_name("MASTER");
     app.add_option("--accept", call.accept, "Accept the terms with this fingerprint, or \"any\", without a dialogue")
-        ->transform(CLI::Validator(takeAcceptance, "FINGERPRINT"));
+        ->type_name("FINGERPRINT")
+        ->transform(CLI::Validator(takeAcceptance, ""));
     app.add_option("--expect", call.expected, "Refuse other terms than those with this fingerprint")
-        ->transform(CLI::Validator(takeFingerprint, "FINGERPRINT"));
+        ->type_name("FINGERPRINT")
+        ->transform(CLI::Validator(takeFingerprint, ""));
     app.add_option("--lang", call.language, "Language to show")->type_name("LOCALE");
     app.add_flag("--choose", call.choosesLanguage, "Offer a menu of the languages first");
     addLanguageSet(app, call.languageSet);
-    app.add_option("--wait", call.waitSeconds, "Seconds to wait for each answer; 0 waits for ever")
+    app.add_option("--wait", call.waitSeconds, "Seconds to wait for each answer, at most 1000000; 0 waits for ever")
+        ->type_name("SECONDS")
         ->capture_default_str()
-        ->check(CLI::Range(0, mostSeconds));
-    app.add_option("--note", call.note, "A note for the record")->transform(CLI::Validator(takeText, "TEXT"));
+        ->check(CLI::Range(0, mostSeconds).description(""));
+    app.add_option("--note", call.note, "A note for the record")
+        ->type_name("TEXT")
+        ->transform(CLI::Validator(takeText, ""));
     app.add_flag_callback(
-        "--fingerprint", [&] { call.action = AskCall::Action::fingerprint; }, "Print the fingerprint");
+        "--fingerprint", [&] { call.action = AskCall::Action::fingerprint; },
+        "Print the fingerprint of the terms, and exit");
     app.add_flag_callback(
-        "--show", [&] { call.action = AskCall::Action::show; }, "Print the terms in UTF-8");
+        "--show", [&] { call.action = AskCall::Action::show; }, "Print the terms in UTF-8, and exit");
     app.add_flag_callback(
         "--version", [&] { call.action = AskCall::Action::version; }, "Print the version");
-    app.footer("Environment: ZEV_ACCEPT is used for --accept and ZEV_NOTE for --note, if they are not given.\n"
-               "Exit status: 0 accepted, 1 declined, 2 nobody can be asked or other terms were accepted, 3 error.");
+    app.footer(
+        "Environment: ZEV_ACCEPT is used for --accept and ZEV_NOTE for --note, if they are not given.\n"
+        "Exit status: 0 accepted; 1 declined; 2 nobody can be asked or answers, or the terms are not those that\n"
+        "were accepted beforehand; 3 error.");
 }
 
 void declare(CLI::App& app, AuditCall& call) {
-    app.add_flag_callback(
+    CLI::Option* tsv = app.add_flag_callback(
         "--tsv", [&] { call.form = AuditCall::Form::tsv; }, "Print all fields, separated by tabs");
     app.add_flag_callback(
-        "--json", [&] { call.form = AuditCall::Form::json; }, "Print JSON");
+           "--json", [&] { call.form = AuditCall::Form::json; }, "Print JSON")
+        ->excludes(tsv);
     app.add_option("--expect", call.expected, "Expect a whole record of these terms in each state directory")
-        ->transform(CLI::Validator(takeFingerprint, "FINGERPRINT"));
-    app.add_option("-p", call.product, "Show this product only")->check(problemOfProduct, "PRODUCT");
+        ->type_name("FINGERPRINT")
+        ->transform(CLI::Validator(takeFingerprint, ""));
+    app.add_option("-p", call.product, "Show this product only")->type_name("PRODUCT")->check(problemOfProduct);
     app.add_option("-l", call.licenses, "Compare the copies with those of this licence directory")
         ->type_name("LICENSES");
     addLanguageSet(app, call.languageSet);
