@@ -142,6 +142,8 @@ Terminal::Terminal(unsigned short rows, unsigned short columns, const Arguments&
     termios settings{};
     cfmakeraw(&settings);
     settings.c_lflag |= ICANON;
+    settings.c_iflag |= IXON;
+    settings.c_cc[VSTOP] = '\x13';
     settings.c_cc[VEOF] = '\x04';
     settings.c_cc[VINTR] = '\x03';
     const winsize size{rows, columns, 0, 0};
