@@ -57,19 +57,23 @@ void addFindings(CLI::App& command, bool& json, bool& strict, std::vector<Accept
 
 void declareBuild(CLI::App& command, BuildCommand& build) {
     command.add_option("SOURCES", build.sources, "Directory with LA_xx.txt and LI_xx.txt in UTF-8, or one agreement")
-        ->required();
-    command.add_option("OUT", build.output, "Licence directory to make or to replace")->required();
+        ->required()
+        ->type_name("");
+    command.add_option("OUT", build.output, "Licence directory to make or to replace")->required()->type_name("");
     CLI::Option* const standIn =
-        command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one");
+        command.add_option("--stand-in", build.standIn, "Language whose text takes the place of a missing one")
+            ->type_name("LANGUAGE");
     command.add_option("--lang", build.language, "Language of the one agreement, which takes the place of all others")
+        ->type_name("LANGUAGE")
         ->excludes(standIn);
     addFindings(command, build.json, build.strict, build.accepted);
     addLanguageSet(command, build.languageSet);
 }
 
 void declareCheck(CLI::App& command, CheckCommand& check) {
-    command.add_option("DIR", check.directory, "Licence directory")->required();
-    command.add_option("--stand-in", check.standIn, "Language whose texts may take the place of others");
+    command.add_option("DIR", check.directory, "Licence directory")->required()->type_name("");
+    command.add_option("--stand-in", check.standIn, "Language whose texts may take the place of others")
+        ->type_name("LANGUAGE");
     command.add_flag("--pages", check.pages, "Add the characters that the code pages of each language lose");
     addFindings(command, check.json, check.strict, check.accepted);
     addLanguageSet(command, check.languageSet);
@@ -79,17 +83,21 @@ void declarePreview(CLI::App& command, PreviewCommand& preview) {
     const auto codePageProblem = [](const std::string& name) {
         return isCodePage(name) ? std::string() : "unknown code page: " + name;
     };
-    command.add_option("DIR", preview.directory, "Licence directory")->required();
+    command.add_option("DIR", preview.directory, "Licence directory")->required()->type_name("");
     command.add_option("--lang", preview.languages, "Languages, such as it,ru; by default all of the set")
+        ->type_name("LANGUAGES")
         ->delimiter(',');
     command.add_option("--width", preview.width, "Columns of the terminal")
+        ->type_name("COLUMNS")
         ->capture_default_str()
-        ->check(CLI::Range(1, mostCells));
+        ->check(CLI::Range(1, mostCells).description(""));
     command.add_option("--code-page", preview.codePage, "Code page of the terminal: count what it loses")
-        ->check(codePageProblem, "NAME");
+        ->type_name("NAME")
+        ->check(codePageProblem);
     command.add_option("--pages-of", preview.pageHeight, "Lines of the terminal: show the text in pages, with prompts")
-        ->check(CLI::Range(1, mostCells));
-    command.add_option("--html", preview.html, "Write a page for a browser to this file");
+        ->type_name("LINES")
+        ->check(CLI::Range(1, mostCells).description(""));
+    command.add_option("--html", preview.html, "Write a page for a browser to this file")->type_name("FILE");
     addLanguageSet(command, preview.languageSet);
 }
 
@@ -127,6 +135,9 @@ int runAuthoring(int argc, char** argv) {
     CLI::App app("Builds, checks and shows licence directories for zev.", "zev-licenses");
     app.set_version_flag("--version", runOptions.version, "Print the version and exit");
     app.footer("Exit status: 0 success, 1 errors in the texts or, with --strict, warnings, 2 the command cannot work.");
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return "zev-licenses: " + std::string(error.what()) + "; see zev-licenses --help.\n";
+    });
     app.require_subcommand(0, 1);  // a missing one is an error below, after unknown words have been reported
     CLI::App& build = *app.add_subcommand("build", "Make a licence directory from texts in UTF-8");
     CLI::App& check = *app.add_subcommand("check", "Find what is wrong with a licence directory");

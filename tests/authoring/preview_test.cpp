@@ -165,23 +165,24 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
 TEST(CommandLineOfLicenses, keepsResultsAndMessagesApart) {
     const SampleSet set;
     const std::string name = "zev-licenses: ", directory = set.path("set"), noLanguage = ": no language of the set: ";
-    const std::string empty = ": the value is empty, perhaps because a variable is not set\n";
+    const std::string help = "; see zev-licenses --help.\n";
+    const std::string empty = ": the value is empty, perhaps because a variable is not set" + help;
     const std::tuple<Arguments, int, std::string, std::string> rows[]{
         // Arguments, exit status, and how standard output and standard error begin.
         {{"--version"}, 0, "v", ""},
         {{"--help"}, 0, "Builds, checks and shows licence directories for zev.\n", ""},
         {{"check", "--help"}, 0, "Find what is wrong with a licence directory\n", ""},
-        {{}, 2, "", "A subcommand is required\n"},
-        {{"bogus"}, 2, "", "The following argument was not expected: bogus\n"},
-        {{"check"}, 2, "", "DIR is required\n"},
+        {{}, 2, "", name + "A subcommand is required" + help},
+        {{"bogus"}, 2, "", name + "The following argument was not expected: bogus" + help},
+        {{"check"}, 2, "", name + "DIR is required" + help},
         {{"check", directory + "x"}, 2, "", name + directory + "x: No such file or directory\n"},
-        {{"check", directory, "--stand-in", "xx"}, 2, "", "--stand-in" + noLanguage + "xx\n"},
-        {{"check", directory, "--langset", "3", "--stand-in", "el"}, 2, "", "--stand-in" + noLanguage + "el\n"},
-        {{"preview", directory, "--lang", "it,xx"}, 2, "", "--lang" + noLanguage + "xx\n"},
-        {{"preview", directory, "--lang", ""}, 2, "", "--lang" + empty},
-        {{"preview", directory, "--html", ""}, 2, "", "--html" + empty},
-        {{"preview", directory, "--code-page", "KOI9"}, 2, "", "--code-page: unknown code page: KOI9\n"},
-        {{"preview", directory, "--width", "0"}, 2, "", "--width: "},
+        {{"check", directory, "--stand-in", "xx"}, 2, "", name + "--stand-in" + noLanguage + "xx" + help},
+        {{"check", directory, "--langset", "3", "--stand-in", "el"}, 2, "", name + "--stand-in" + noLanguage + "el"},
+        {{"preview", directory, "--lang", "it,xx"}, 2, "", name + "--lang" + noLanguage + "xx" + help},
+        {{"preview", directory, "--lang", ""}, 2, "", name + "--lang" + empty},
+        {{"preview", directory, "--html", ""}, 2, "", name + "--html" + empty},
+        {{"preview", directory, "--code-page", "KOI9"}, 2, "", name + "--code-page: unknown code page: KOI9" + help},
+        {{"preview", directory, "--width", "0"}, 2, "", name + "--width: "},
         {{"preview", directory + "/LA_en"}, 2, "", name + directory + "/LA_en: Not a directory\n"},
         {{"preview", directory, "--html", directory + "x/page"}, 2, "", name + directory + "x/page: "},
         {{"build", directory + "x", "out"}, 2, "", name + directory + "x: No such file or directory\n"},
