@@ -115,10 +115,11 @@ double shareOf(const Words& set, const icu::UnicodeString& passage) {
 /// The facts of one text that the other lacks, in the order of the text.
 std::vector<const Fact*> lackedBy(const Facts& other, const Facts& facts) {
     std::set<std::string_view> localNames;
-    for (const auto& [name, fact] : other) localNames.insert(fact.localName);
+    for (const auto& [name, fact] : other) localNames.insert(fact.localNames.begin(), fact.localNames.end());
     std::vector<const Fact*> lacked;
     for (const auto& [name, fact] : facts) {
-        const bool isLocalised = !fact.localName.empty() && localNames.contains(fact.localName);
+        const bool isLocalised =
+            std::ranges::any_of(fact.localNames, [&](const auto& local) { return localNames.contains(local); });
         if (!other.contains(name) && !isLocalised) lacked.push_back(&fact);
     }
     std::ranges::sort(lacked, {}, &Fact::first);

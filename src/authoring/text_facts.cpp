@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "authoring/finding.h"
 
@@ -44,15 +43,40 @@ bool namesLanguage(std::string_view part, std::string_view code) {
     return isOther || part == code.substr(0, 2);
 }
 
-/// The parts of an address that do not name the language.
-std::string withoutLanguage(const std::string& address, std::string_view code) {
-    std::string result;
-    for (std::size_t begin = 0, end; begin < address.size(); begin = end + 1) {
-        end = std::min(address.find_first_of("./?=&_-", begin), address.size());
-        const std::string part = address.substr(begin, end - begin);
-        if (!part.empty() && !namesLanguage(part, code)) result += part + "/";
+constexpr char languageMark = ' ';  ///< no address has a blank
+
+/// A part of an address with a mark in place of each of its words that names the language, and with one mark only if
+/// all of them do, as in "en-us".
+std::string withMarks(std::string_view part, std::string_view code) {
+    std::string marked;
+    bool isLanguage = !part.empty();
+    for (std::size_t begin = 0, end; begin <= part.size(); begin = end + 1) {
+        end = std::min(part.find_first_of("-_", begin), part.size());
+        const std::string_view word = part.substr(begin, end - begin);
+        const bool isName = namesLanguage(word, code);
+        isLanguage = isLanguage && isName;
+        marked.append(isName ? std::string_view(&languageMark, 1) : word).append(part.substr(end, 1));
     }
-    return result;
+    return isLanguage ? std::string(1, languageMark) : marked;
+}
+
+/// The forms in which an address can equal one in another language: with its parts that name the language marked, and
+/// without those that only some languages have. These are parts of the path, and the first label of a host if it is
+/// the code itself: "us.example.com" need not be the English page of example.com.
+std::vector<std::string> localNames(const std::string& address, std::string_view code) {
+    const std::size_t path = address.find('/');
+    std::string all, needed;
+    for (std::size_t begin = 0, end; begin <= address.size(); begin = end + 1) {
+        end = std::min(address.find_first_of("./?=&", begin), address.size());
+        const std::string part = address.substr(begin, end - begin), marked = withMarks(part, code);
+        const std::string sign = begin == 0 ? "" : address.substr(begin - 1, 1);
+        all += sign + marked;
+        const bool isInPath = begin > path && (sign == "/" || sign == ".");
+        const bool isHost = begin == 0 && part.starts_with(code.substr(0, 2));
+        const bool isNeeded = marked != std::string(1, languageMark) || !(isInPath || isHost);
+        if (isNeeded) needed += (needed.empty() ? "" : sign) + part;
+    }
+    return {all, needed};
 }
 
 std::string comparable(std::string address) {
@@ -180,7 +204,7 @@ private:
         while (end > begin && signsAfterAddress.find(static_cast<char>(text_[end - 1])) != signsAfterAddress.npos)
             --end;
         const std::string shown = bytesOf(begin, end), address = comparable(shown);
-        facts_.try_emplace(address, Fact{begin, shown, withoutLanguage(address, language_)});
+        facts_.try_emplace(address, Fact{begin, shown, localNames(address, language_)});
         return end;
     }
 

@@ -6,13 +6,16 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zev {
 
 struct Fact {
-    int32_t first = 0;      ///< its first place, in code units
-    std::string shown;      ///< as it is written there
-    std::string localName;  ///< of an address: without the parts that name the language of the text
+    int32_t first = 0;  ///< its first place, in code units
+    std::string shown;  ///< as it is written there
+    /// Of an address: what it is without the parts that name the language of the text. It equals an address in another
+    /// language if they have one such name in common.
+    std::vector<std::string> localNames;
 };
 
 /// The facts of a text, by the form in which they are compared with those of the original: an address without

@@ -84,6 +84,14 @@ TEST(Comparison, findsFactsThatOneTextLacks) {
         {"LA_fr", u"www.acme.example/en/terms", u"www.acme.example/it/terms",
          "LA_fr: warning: lacks www.acme.example/en/terms: LA_en has it in line 1 [facts]\n"
          "LA_fr:1:1: warning: www.acme.example/it/terms: not in LA_en [facts]\n"},
+        {"LA_de", u"en.acme.com/x, acme.com/gpl.html", u"acme.com/x, acme.com/gpl.de.html", ""},
+        {"LA_de", u"acme.com/a_en?hl=en-gb, us.acme.com", u"acme.com/a_de?hl=de, de.acme.com", ""},
+        {"LA_de", u"acme.com/a/b, acme.com/x?y, acme.com/contact-us, us.acme.com",
+         u"acme.com/a-b, acme.com/x/y, acme.com/contact, acme.com",
+         "LA_de: warning: lacks acme.com/a/b, acme.com/x?y, acme.com/contact-us and 1 more: LA_en has the "
+         "first of them in line 1 [facts]\n"
+         "LA_de:1:1: warning: acme.com/a-b, acme.com/x/y, acme.com/contact and 1 more: not in LA_en "
+         "[facts]\n"},
         {"LI_de", u"1111 2222 3333 4444 5555", u"x",
          "LI_de: warning: lacks 1111, 2222, 3333 and 2 more: LI_en has the first of them in line 1 [facts]\n"},
     };
