@@ -166,8 +166,9 @@ private:
             return true;
         }
         const std::string encoding = nameOfEncoding(decodeText(content.bytes, file.language).encoding);
+        const icu::UnicodeString before = withoutCarriageReturns(text);
         unreadable_.push_back({{path, file.name},
-                               isWellFormed ? Position{} : positionAt(text, text.length()),
+                               isWellFormed ? Position{} : positionAt(before, before.length()),
                                Severity::error,
                                "encoding",
                                "not UTF-8 but " + encoding + "; save it as UTF-8"});

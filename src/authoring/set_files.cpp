@@ -15,19 +15,6 @@ namespace zev {
 
 namespace {
 
-icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text) {
-    icu::UnicodeString result;
-    for (int32_t i = 0; i < text.length(); ++i) {
-        if (text[i] != u'\r') {
-            result += text[i];
-            continue;
-        }
-        while (text.charAt(i + 1) == u'\r') ++i;
-        if (text.charAt(i + 1) != u'\n') result += u'\n';
-    }
-    return result;
-}
-
 /// Whether a file has the bytes that `finishedText` makes of its text.
 bool isFinished(const std::filesystem::path& path, const SetFile& file) {
     const FileContent content = readRegularFile(path);
@@ -55,6 +42,20 @@ std::string pathIn(std::string directory, const std::string& name) {
 
 std::string nameOf(TextKind kind, const std::string& code) {
     return kind == TextKind::agreement ? agreementName(code) : informationName(code);
+}
+
+icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text) {
+    icu::UnicodeString result;
+    for (int32_t i = 0, end; i < text.length(); i = end) {
+        end = i + 1;
+        if (text[i] != u'\r') {
+            result += text[i];
+            continue;
+        }
+        while (text.charAt(end) == u'\r') ++end;
+        if (text.charAt(end) != u'\n') result.padTrailing(result.length() + end - i, u'\n');
+    }
+    return result;
 }
 
 icu::UnicodeString repairedText(icu::UnicodeString text, TextKind kind) {

@@ -47,9 +47,12 @@ struct SetText {
 /// The name of the agreement or of the information in a language.
 [[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);
 
-/// A text without byte order marks at the start and without carriage returns, which zev would show like other
-/// characters. A carriage return that is not part of a line end becomes a line feed. An agreement gets a line feed at
-/// its end if it has none.
+/// A text without carriage returns, which zev would show like other characters. Those before a line feed belong to the
+/// same line end; any other becomes a line feed.
+[[nodiscard]] icu::UnicodeString withoutCarriageReturns(const icu::UnicodeString& text);
+
+/// A text without carriage returns and without byte order marks at the start. An agreement gets a line feed at its end
+/// if it has none.
 [[nodiscard]] icu::UnicodeString repairedText(icu::UnicodeString text, TextKind kind);
 
 /// The bytes of a text in a set: the repaired text in UTF-16, big-endian with a byte order mark. Information gets a

@@ -38,6 +38,7 @@ TEST(Build, writesTheSameBytesForEveryForm) {
         {"a\nb\n", u"a\nb\n", u"\na\nb\n"},
         {"\uFEFFa", u"a\n", u"\na"},
         {"\r\na\r\r\n\r\n", u"\na\n\n", u"\na\n\n"},
+        {"a\r\rb\r", u"a\n\nb\n", u"\na\n\nb\n"},
         {"a\rb \t\u00AD\U0001F600", u"a\nb \t\xAD\U0001F600\n", u"\na\nb \t\xAD\U0001F600"},
     };
     const SampleTexts texts;
@@ -118,8 +119,8 @@ TEST(Build, namesFileAndPlaceOfWhatItFinds) {
     const std::string saveIt = "; save it as UTF-8 [encoding]\n";
     const std::string name = ": warning: a file of this name belongs to no set and is left out [name]\n";
     const std::tuple<const char*, std::string, std::string> rows[]{
-        {"LA_de.txt", "a\nbc\xE9t\xE9\n",
-         ":2:3: error: not UTF-8 but an 8-bit code page, or a text that was damaged" + saveIt},
+        {"LA_de.txt", "a\r\nb\rbc\xE9t\xE9\n",
+         ":3:3: error: not UTF-8 but an 8-bit code page, or a text that was damaged" + saveIt},
         {"LI_de.txt", encoded("UTF-16"), ":1:1: error: not UTF-8 but UTF-16, as some editors save a text" + saveIt},
         {"LA_en.txt", encoded("UTF-16LE"), ":1:3: error: not UTF-8 but UTF-16 without a byte order mark" + saveIt},
         {"LA_en.txt", utf16(u"in English\n").substr(2),
