@@ -93,7 +93,9 @@ Findings checkWideCharacters(const SetText& text, const std::vector<TextLine>& l
             if (terminalColumns(character) == 2) wide.push_back(i);
         }
         if (wide.empty()) continue;
-        const auto shown = language.layOutText(text.text.tempSubStringBetween(line.begin, line.end), usualWidth);
+        // The line feed counts as a column.
+        const int32_t next = lineEnd(text.text, line.begin) + 1;
+        const auto shown = language.layOutText(text.text.tempSubStringBetween(line.begin, next), usualWidth);
         if (!shown || tooWideLines(*shown, usualWidth) == 0) continue;
         if (count == 0) first = wide.front();
         count += wide.size();

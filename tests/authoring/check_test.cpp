@@ -41,6 +41,7 @@ TEST(Check, findsEachFaultAndNothingElse) {
         {"LA_en", u"x 日本語 " + std::u16string(72, 'x'),
          "LA_en:46:3: warning: wide character (x3): counted as one column and shown as two, so its line overflows "
          "[wide-character]\n"},
+        {"LA_en", u"x 日本語 " + std::u16string(73, 'x'), ""},  // the line feed counts as a column
         {"LA_en", u"日本語 한국어", ""},
         {"LA_en", u"日本語 " + std::u16string(70, 'x') + u" " + std::u16string(40, 'y'), ""},
         {"LA_en", std::u16string(81, u'x'),
