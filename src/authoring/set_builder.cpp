@@ -152,7 +152,7 @@ private:
 
     /// False if there is no such file.
     bool read(const SetFile& file, const std::string& path) {
-        const FileContent content = readRegularFile(path);
+        const FileContent content = readTextFile(path);
         if (content.problem == missingFile) return false;
         if (!content.good()) {
             unreadable_.push_back({{path, file.name}, {}, Severity::error, "unreadable", content.problem});

@@ -11,7 +11,6 @@
 #include "authoring/text_encoding.h"
 #include "files/directory_at.h"
 #include "files/license_text_set.h"
-#include "files/regular_file.h"
 
 namespace zev {
 
@@ -60,7 +59,7 @@ private:
 
     void readFile(const SetFile& file) {
         order_.emplace(file.name, order_.size());
-        const FileContent content = readRegularFile(pathOf(file.name));
+        const FileContent content = readTextFile(pathOf(file.name));
         if (!content.good()) {
             const bool isMissing = content.problem == missingFile;
             if (isMissing && file.language == nullptr) return;

@@ -9,7 +9,6 @@
 #include "files/license_fingerprint.h"
 #include "files/license_text_set.h"
 #include "files/paths.h"
-#include "files/regular_file.h"
 
 namespace zev {
 
@@ -38,6 +37,15 @@ std::vector<SetFile> filesOfSet(int languageSet) {
 std::string pathIn(std::string directory, const std::string& name) {
     while (directory.ends_with('/')) directory.pop_back();
     return joinPath(directory, name);
+}
+
+FileContent readTextFile(const std::string& path) {
+    FileContent content = readRegularFile(path);
+    std::error_code error;
+    if (content.problem == missingFile && std::filesystem::is_symlink(path, error)) {
+        content.problem = "a link that leads nowhere";
+    }
+    return content;
 }
 
 std::string nameOf(TextKind kind, const std::string& code) {

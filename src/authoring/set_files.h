@@ -8,6 +8,7 @@
 #include "authoring/finding.h"
 #include "authoring/language_profile.h"
 #include "files/license_fingerprint.h"
+#include "files/regular_file.h"
 #include "lang/language_table.h"
 
 namespace zev {
@@ -43,6 +44,9 @@ struct SetText {
 
 /// The path of a file in a directory, with one slash between the two even if the user ended the directory with some.
 [[nodiscard]] std::string pathIn(std::string directory, const std::string& name);
+
+/// Reads a file of a set or its source. A link that leads nowhere is not missing: its author believes that it is there.
+[[nodiscard]] FileContent readTextFile(const std::string& path);
 
 /// The name of the agreement or of the information in a language.
 [[nodiscard]] std::string nameOf(TextKind kind, const std::string& code);

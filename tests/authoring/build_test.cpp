@@ -68,6 +68,10 @@ TEST(Build, letsOneLanguageStandInForThoseThatAreMissing) {
     EXPECT_EQ(texts.read("set/LA_el"), texts.read("set/LA_en"));
     EXPECT_EQ(texts.build({"--langset", "3", "--stand-in", "de"}).out,
               "LA: de stands in for cs\n" + texts.path("set") + ": 26 files\n");
+    texts.link("eula/notices.txt", "nowhere");
+    EXPECT_NE(texts.build({"--stand-in", "en"}).err.find(at + "notices.txt: error: a link that leads nowhere"),
+              std::string::npos);
+    texts.remove("eula/notices.txt");
     texts.remove("eula/LA_en.txt");
     const std::string err = texts.build({"--stand-in", "en"}).err;
     EXPECT_EQ(err.substr(0, err.find('\n')), at + "LA_en.txt: error: missing; it is to stand in for cs el [missing]");

@@ -108,7 +108,8 @@ TEST(Check, namesFilesThatCannotBeRead) {
     set.link("set/LI_en", "../big");
     set.write("big", "x");
     std::filesystem::resize_file(set.path("big"), (256 << 20) + 1);
-    EXPECT_EQ(set.check(), "LA_cs LI_cs: error: missing [missing]\n"
+    EXPECT_EQ(set.check(), "LA_cs: error: missing [missing]\n"
+                           "LI_cs: error: a link that leads nowhere [unreadable]\n"
                            "LA_de: error: cannot be read: Too many levels of symbolic links [unreadable]\n"
                            "LA_el LI_el LA_en: error: not a regular file [unreadable]\n"
                            "LI_en: error: larger than 256 MiB: no licence text [unreadable]\n");
