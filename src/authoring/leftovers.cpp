@@ -27,23 +27,27 @@ constexpr LeftoverType types[]{
     {"placeholder", u"{$#%@<[",
      uR"(\{\{[^{}\n]{1,60}\}\}|[$#%]\{[^{}\n]{1,60}\}|\$\([A-Za-z][A-Za-z0-9_]*\))"
      uR"(|\{(?!yyyy\}|name of copyright owner\})[\p{L}\p{N}_][\p{L}\p{N}_ .:-]{0,40}\})"
-     uR"(|(?<![A-Za-z0-9_.])@[A-Za-z][A-Za-z0-9_]*@(?![A-Za-z0-9_])|%[A-Z][A-Z_]+%|%\([a-z_]+\)s|<%[^%\n]{0,200}%>)"
+     uR"(|(?<![A-Za-z0-9_.])@[A-Za-z][A-Za-z0-9_.-]*@(?![A-Za-z0-9_])|%[A-Z][A-Z_]+%|%\([a-z_]+\)s|<%[^%\n]{0,200}%>)"
      uR"(|(?<![0-9]\s?)%(?:[0-9]\$)?l?[sdiu](?![A-Za-z0-9_])|(?i:\[\s*insert(?![a-z])[^\]]{0,200}\]))"},
     {"note to oneself", u"FXT", uR"((?<![A-Za-z_])(?:FIXME|XXX+)(?![A-Za-z_])|(?<![A-Za-z])TODO:)"},
     {"filler", u"lL", uR"((?i:lorem\s+ipsum))"},
     {"HTML", u"<&",
      uR"((?i)</?(?:a|abbr|b|big|blockquote|body|br|center|code|dd|div|dl|dt|em|font|h[1-6]|head|hr|html|i|img|li|link)"
-     uR"(|meta|ol|p|pre|script|section|small|span|strong|style|sub|sup|table|tbody|td|th|thead|tr|tt|u|ul))"
-     uR"((?:\s+[a-z:-]+\s*=[^<>]*)?\s*/?>|&(?:amp|lt|gt|quot|apos|nbsp|copy|reg|trade|[mn]dash|hellip|[lrbs]?[sd]?quo)"
-     uR"(|[lr]aquo|bull|sect|para|middot|euro|shy|deg|szlig|[ao]elig|eth|thorn)"
-     uR"(|[a-z](?:acute|grave|circ|uml|tilde|cedil|ring|caron|slash)|#[0-9]{1,7}|#x[0-9a-f]{1,6});)"},
+     uR"(|meta|ol|p|pre|script|section|small|span|strong|style|sub|sup|table|tbody|td|th|thead|title|tr|tt|u|ul))"
+     uR"((?:\s+[a-z:-]+\s*=[^<>]*)?\s*/?>|<!--|&(?:amp|lt|gt|quot|apos|nbsp|copy|reg|trade|[mn]dash|hellip)"
+     uR"(|[lr][sd]quo|[bs][bd]quo|[lr]s?aquo|iexcl|iquest|times|bull|sect|para|middot|euro|shy|deg|szlig)"
+     uR"(|[ao]elig|eth|thorn|[a-z](?:acute|grave|circ|uml|tilde|cedil|ring|caron|slash)|#[0-9]{1,7}|#x[0-9a-f]{1,6});)"},
     {"RTF", u"{", uR"(\{\\rtf)"},
-    // A name of a file in Windows, such as "C:\new", goes on with small letters.
-    {"escape", u"\\", uR"(\\[nrt](?![a-z0-9_])|(?<=[.,;!?)])\\[nrt]|\\u[0-9A-Fa-f]{4})"},
-    // The query of an address can have such values.
+    // A name of a file in Windows, such as "C:\new" or "docs\new.txt", goes on with small letters.
+    {"escape", u"\\",
+     uR"(\\[nrt](?![a-z0-9_])|(?<=[.,;!?)])\\[nrt]|\\u[0-9A-Fa-f]{4})"
+     uR"(|(?<=\p{L})(?<![:\\]\\[^\n]{0,80}|\\\S{1,40})\\n(?=\p{Ll})(?!\S*\.\p{L}))"},
+    // The query of an address can have such values, and so can a country, as in "C=DE".
     {"quoted-printable", u"=",
      uR"((?==[0-9A-F])(?<![?&]\w{1,20})(?:(?:=[0-9A-F]{2}){2,}|=3D|=20$)"
-     uR"(|(?<=\p{L})=(?:[A-F][0-9](?![0-9A-Za-z])|[89A-F][0-9A-F](?=\p{L})))|(?<=[a-z,;])=(?=\n[a-z]))"},
+     uR"(|(?<=\p{L})=(?:[A-F][0-9](?![0-9A-Za-z])|[89A-F][0-9A-F](?=\p{L})))"
+     uR"(|(?<![\p{L}\p{N}_])=[89A-F][0-9A-F](?=\p{Ll}{2})|(?<=\p{Ll})=(?:DF|E[0-9A-DF]|F[0-9A-E])(?![0-9A-Za-z])))"
+     uR"(|(?<=[a-z,;])=(?=\n[a-z]))"},
 };
 
 std::string shortened(icu::UnicodeString text) {

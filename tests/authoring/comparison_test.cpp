@@ -186,11 +186,15 @@ TEST(Comparison, takesAListOfNamesForNoOtherLanguage) {
 TEST(Leftovers, areFoundAmongLettersOfAnyScript) {
     const std::u16string_view leftovers =
         u"<<<<<<< HEAD¦=======¦>>>>>>> main¦||||||| base¦{product}¦{0}¦{Product Name}¦${x}¦{{ x }}¦"
-        u"@PACKAGE_NAME@¦@x@¦%s¦%1$s¦%d¦FIXME¦XXX¦TODO: ask¦Lorem ipsum¦[INSERT NAME]¦[insert date here]¦<b>¦</p>¦"
-        u"<br />¦<a href=\"x\">¦&nbsp;¦&eacute;¦&#8217;¦&#x2019;¦{\\rtf1¦\\n¦\\r\\n¦\\u00e9¦=C3=A9¦=3D";
+        u"@PACKAGE_NAME@¦@project.version@¦&sbquo;¦&rsaquo;¦&iquest;¦&times;¦<title>¦<!-- x -->¦"
+        u"@x@¦%s¦%1$s¦%d¦FIXME¦XXX¦TODO: ask¦Lorem ipsum¦[INSERT NAME]¦[insert date here]¦<b>¦</p>¦"
+        u"<br />¦<a href=\"x\">¦&nbsp;¦&eacute;¦&#8217;¦&#x2019;¦{\\rtf1¦\\n¦\\r\\n¦\\u00e9¦=C3=A9¦=3D"
+        u"¦Zeile\\nzweite¦ =DCbung¦men=FC¦da=DF";
     const std::u16string_view others =
         u"[yyyy]¦____¦{yyyy}¦{name of copyright owner}¦**bold**¦TODO EL MUNDO¦XXXI¦HAS_XXX_DEF¦"
-        u"50 % des¦100%¦a@b.example¦<year>¦<me at home.example>¦C:\\new\\table¦AT&T; x¦"
+        u"50 % des¦100%¦a@b.example¦<year>¦<me at home.example>¦C:\\new\\table¦\\\\server\\name¦C:\\Program "
+        u"Files\\new¦docs\\new.txt¦"
+        u"C=DE¦AT&T; x¦"
         u"https://a.example/?uri=CELEX:1¦{ or }¦Note\n=======¦=====¦a <= b";
     const auto forEach = [](std::u16string_view lines, const auto& use) {
         for (std::size_t begin = 0, end; begin < lines.size(); begin = end + 1) {
