@@ -12,7 +12,6 @@
 #include "authoring/text_encoding.h"
 #include "files/atomic_directory.h"
 #include "files/directory_at.h"
-#include "files/regular_file.h"
 
 namespace zev {
 
@@ -189,24 +188,24 @@ bool isReadme(const std::string& name) {
            (name.size() == readme.size() || name[readme.size()] == '.');
 }
 
-/// The files of a directory that belong to no set, without hidden files and README. Its author may believe that the
-/// text in one of them is in the set.
-std::vector<std::string> otherFiles(const std::string& directory, std::string& problem) {
-    const auto files = filesOfSet(defaultLanguageSet);
+/// The files of a directory, without hidden files and README.
+std::vector<std::string> filesIn(const std::string& directory, std::string& problem) {
     std::vector<std::string> names;
     if (!listDirectory(directory, names, problem)) return {};
     std::erase_if(names, [&](const std::string& name) {
-        const auto isItsName = [&](const SetFile& file) { return file.name + std::string(sourceSuffix) == name; };
         std::error_code error;
-        return name.starts_with('.') || isReadme(name) || std::ranges::any_of(files, isItsName) ||
-               std::filesystem::is_directory(pathIn(directory, name), error);
+        return name.starts_with('.') || isReadme(name) || std::filesystem::is_directory(pathIn(directory, name), error);
     });
     return names;
 }
 
+/// The files that belong to no set. Their author may believe that the text in one of them is in the set.
 Findings misnamedSources(const std::string& directory, const std::vector<std::string>& names) {
+    const auto files = filesOfSet(defaultLanguageSet);
     Findings findings;
     for (const std::string& name : names) {
+        const auto isItsName = [&](const SetFile& file) { return file.name + std::string(sourceSuffix) == name; };
+        if (std::ranges::any_of(files, isItsName)) continue;
         findings.push_back({{pathIn(directory, name), name},
                             {},
                             Severity::warning,
@@ -216,11 +215,13 @@ Findings misnamedSources(const std::string& directory, const std::vector<std::st
     return findings;
 }
 
+/// Whether a file seems to be a text, in whichever encoding: pictures and archives have control characters.
 bool isText(const std::string& path) {
     if (path.ends_with(sourceSuffix)) return true;
-    const FileContent content = readRegularFile(path);
-    icu::UnicodeString text;
-    return content.good() && decodeUtf8(content.bytes, text) == content.bytes.size();
+    const FileContent content = readTextFile(path);
+    const bool hasMark = content.bytes.starts_with("\xFE\xFF") || content.bytes.starts_with("\xFF\xFE");
+    const auto isControl = [](unsigned char byte) { return byte < ' ' && (byte < '\t' || byte > '\r'); };
+    return content.good() && (hasMark || std::ranges::none_of(content.bytes, isControl));
 }
 
 Finding noAgreements(const std::string& directory, const std::vector<std::string>& names) {
@@ -233,7 +234,7 @@ Finding noAgreements(const std::string& directory, const std::vector<std::string
             Severity::error,
             "missing",
             texts.empty() ? "no agreement LA_xx.txt, and no other text file"
-                          : "no agreement LA_xx.txt, only " + texts +
+                          : "no agreement LA_xx.txt of a language of the set, only " + texts +
                                 "; if one of them is for all languages, give its path, and its language with --lang"};
 }
 
@@ -252,13 +253,13 @@ BuildResult buildSet(const std::string& sourcePath, const std::string& output, c
     } else if (isOneText) {
         sources.readAgreement(sourcePath);
         result.findings = sources.findings();
-    } else if (const auto others = otherFiles(sourcePath, result.problem); result.problem.empty()) {
+    } else if (const auto names = filesIn(sourcePath, result.problem); result.problem.empty()) {
         sources.readDirectory(sourcePath);
         if (sources.hasAgreements()) {
-            result.findings = misnamedSources(sourcePath, others);
+            result.findings = misnamedSources(sourcePath, names);
             append(result.findings, sources.findings());
         } else {
-            result.findings = {noAgreements(sourcePath, others)};
+            result.findings = {noAgreements(sourcePath, names)};
         }
     }
     if (!result.problem.empty()) return result;

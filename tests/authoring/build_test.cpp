@@ -96,15 +96,20 @@ TEST(Build, makesASetOfOneText) {
     EXPECT_EQ(texts.read("set/LI_fr"), utf16(u"\n"));
     texts.write("dir/EULA.txt", "terms");
     texts.write("dir/Licence.md", "terms");
-    texts.write("dir/logo.png", "\x89PNG");
+    texts.write("dir/logo.png", "\x89PNG\x1A");
+    texts.write("some/LA_el.txt", "terms");
+    texts.write("some/LI_de.txt", "terms");
+    texts.write("some/Lizenz", "K\xFCrzung");
     const std::string noLanguage = ": one text; give its language", noText = ": a directory; --lang is for one text";
+    const std::string noAgreement = ": error: no agreement LA_xx.txt of a language of the set, only ";
     const std::tuple<const char*, Arguments, int, std::string> refused[]{
         {"EULA", {}, 2, noLanguage},
         {"eula", {"--lang", "de"}, 2, noText},
         {"nothing", {"--lang", "de"}, 2, ": No such file or directory"},
         {"EULA", {"--lang", "en", "--stand-in", "de"}, 2, "--stand-in excludes --lang"},
         {"EULA", {"--lang", "xx"}, 2, "--lang: no language of the set: xx"},
-        {"dir", {"--stand-in", "en"}, 1, ": error: no agreement LA_xx.txt, only EULA.txt, Licence.md; if one of them"},
+        {"dir", {"--stand-in", "en"}, 1, noAgreement + "EULA.txt, Licence.md; if one of them"},
+        {"some", {"--langset", "3"}, 1, noAgreement + "LA_el.txt, LI_de.txt, Lizenz; if one of them"},
     };
     for (const auto& [sources, options, status, message] : refused) {
         const Finished finished = build(sources, options);
