@@ -117,6 +117,25 @@ public:
         }
     }
 
+    /// The findings in all texts. A text that stands in for a translation has none that the original has too: they are
+    /// corrected, or accepted, in the original.
+    [[nodiscard]] Findings check() const {
+        std::vector<Findings> findings;
+        for (std::size_t i = 0; i < texts_.size(); ++i) findings.push_back(check(i));
+        for (std::size_t i = 0; i < texts_.size(); ++i) {
+            if (standIn_.empty() || !equalsOriginal(i)) continue;
+            const Findings& known = findings[originals_.at(texts_[i].file.kind)];
+            const auto key = [](const Finding& f) { return std::tie(f.position, f.message); };
+            std::erase_if(findings[i], [&](const Finding& finding) {
+                return std::ranges::find(known, key(finding), key) != known.end();
+            });
+        }
+        Findings all;
+        for (Findings& each : findings) append(all, std::move(each));
+        return all;
+    }
+
+private:
     [[nodiscard]] Findings check(std::size_t index) const {
         const SetText& text = texts_[index];
         if (!hasVisibleText(text.text)) {
@@ -133,18 +152,25 @@ public:
         return findings;
     }
 
-private:
     [[nodiscard]] bool isOriginal(std::size_t index) const {
         const LanguageProfile* language = texts_[index].file.language;
         return language != nullptr && language->code == original_;
     }
 
+    [[nodiscard]] bool hasOriginal(std::size_t index) const {
+        const auto original = originals_.find(texts_[index].file.kind);
+        return original != originals_.end() && original->second != index;
+    }
+
+    /// Whether a text is a copy of the original.
+    [[nodiscard]] bool equalsOriginal(std::size_t index) const {
+        return hasOriginal(index) && trimmed_[index] == trimmed_[originals_.at(texts_[index].file.kind)];
+    }
+
     /// Compares a text with the others.
     [[nodiscard]] Findings compare(std::size_t index) const {
         const SetText& text = texts_[index];
-        const auto original = originals_.find(text.file.kind);
-        const bool hasOriginal = original != originals_.end() && original->second != index;
-        const bool isStandIn = hasOriginal && trimmed_[index] == trimmed_[original->second];
+        const bool isStandIn = equalsOriginal(index);
         Findings findings;
         const std::size_t first = firsts_.at(trimmed_[index]);
         if (first != index && !(isStandIn && !standIn_.empty())) {
@@ -154,7 +180,7 @@ private:
         if (isStandIn) return findings;
         append(findings, checkLanguage(text));
         append(findings, checkForeignLetters(text));
-        if (hasOriginal) append(findings, comparisons_.at(text.file.kind).compare(text));
+        if (hasOriginal(index)) append(findings, comparisons_.at(text.file.kind).compare(text));
         return findings;
     }
 
@@ -171,10 +197,7 @@ private:
 }  // namespace
 
 Findings checkTexts(std::span<const SetText> texts, const std::string& standIn) {
-    const TextChecks checks(texts, standIn);
-    Findings findings;
-    for (std::size_t i = 0; i < texts.size(); ++i) append(findings, checks.check(i));
-    return findings;
+    return TextChecks(texts, standIn).check();
 }
 
 }  // namespace zev

@@ -211,7 +211,7 @@ TEST(Check, namesKindsAndLossesForPrograms) {
 
 TEST(Check, endsWithItsVerdict) {
     const SampleSet set;
-    const std::string directory = set.path("set");
+    const std::string directory = set.path("set"), german = set.read("set/LA_de");
     const auto expect = [&](const Arguments& options, int status, const std::string& summary) {
         const Finished finished = runLicenses(joined({"check", directory + "//"}, options));
         EXPECT_EQ(finished.exitCode, status);
@@ -226,6 +226,10 @@ TEST(Check, endsWithItsVerdict) {
     expect({"--strict", "--accept", "tab:LA_en"}, 0, "0 errors, 0 warnings, 1 accepted");
     expect({"--accept", "tab:LA_de"}, 0, "0 errors, 2 warnings");
     expect({"--accept", "tab", "--accept", "name", "--strict"}, 1, "0 errors, 1 warning, 1 accepted");
+    std::filesystem::copy_file(set.path("set/LA_en"), set.path("set/LA_de"),
+                               std::filesystem::copy_options::overwrite_existing);
+    expect({"--strict", "--stand-in", "en", "--accept", "tab:LA_en"}, 0, "0 errors, 0 warnings, 1 accepted");
+    set.write("set/LA_de", german);
     set.remove("set/LA_en");
     set.remove("set/LI_en");
     expect({}, 1, "2 errors, 0 warnings");
