@@ -50,7 +50,8 @@ function(zev_add_license_set name)
 
   set(texts ${arg_SOURCES})
   if(IS_DIRECTORY ${arg_SOURCES})
-    file(GLOB in_directory CONFIGURE_DEPENDS ${arg_SOURCES}/*)
+    string(REGEX REPLACE "[[*?]" "[\\0]" pattern ${arg_SOURCES})  # a path, whatever signs are in it
+    file(GLOB in_directory CONFIGURE_DEPENDS ${pattern}/*)
     list(APPEND texts ${in_directory})
   endif()
   set(languages cs de en es fr it ja ko pl pt tr zh zh_TW)
