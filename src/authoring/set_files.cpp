@@ -93,6 +93,10 @@ std::string whyNotReplaceable(const std::string& directory) {
     namespace fs = std::filesystem;
     std::error_code error;
     if (!fs::exists(directory, error) && !error) return "";
+    // It would be the one that is removed.
+    if (fs::equivalent(directory, ".", error)) {
+        return directory + ": not replaced: it is the working directory; run this command elsewhere";
+    }
     const auto files = filesOfSet(defaultLanguageSet);
     std::vector<std::string> names;
     std::string problem;

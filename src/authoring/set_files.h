@@ -72,8 +72,8 @@ struct SetSums {
 
 [[nodiscard]] SetSums sumsOfSet(const std::string& directory);
 
-/// Why a directory may not be replaced by a set: it holds a file that `finishedText` would not have written. Empty if
-/// it may be replaced, or is not there.
+/// Why a directory may not be replaced by a set: it holds a file that `finishedText` would not have written, or is the
+/// working directory. Empty if it may be replaced, or is not there.
 [[nodiscard]] std::string whyNotReplaceable(const std::string& directory);
 
 }  // namespace zev

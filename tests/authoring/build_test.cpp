@@ -225,6 +225,9 @@ TEST(Build, takesAPathInAnyForm) {
         EXPECT_EQ(namesIn(texts, form).size(), filesOfASet) << form;
         texts.remove("set");
     }
+    fs::current_path(texts.path("real"));
+    EXPECT_EQ(runLicenses({"build", "../eula", "."}).err,
+              "zev-licenses: .: not replaced: it is the working directory; run this command elsewhere\n");
     fs::current_path(before);
     EXPECT_TRUE(fs::is_symlink(texts.path("link")));
     EXPECT_EQ(namesIn(texts, ""), (std::set<std::string>{"eula", "licenses", "link", "real"}));
