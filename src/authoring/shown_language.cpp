@@ -25,6 +25,8 @@ bool isSpecial(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
 }
 
+std::u16string_view withoutLineFeed(std::u16string_view line) { return line.substr(0, line.size() - 1); }
+
 }  // namespace
 
 icu::UnicodeString lineOf(const TextLines& lines, std::size_t index) {
@@ -77,14 +79,21 @@ Boundary ShownLanguage::boundaryIn(const TextLines& license, int32_t width) cons
     const icu::UnicodeString agreement = text_.tempSubString(0, agreementEnd_);
     const auto lines = layOutText(agreement, width);
     if (!lines || agreement.length() == text_.length()) return {};
-    const Boundary boundary{lines->size(), !agreement.endsWith(u"\n")};
     // In a double-width language, a cut may run past the line feed between the two.
-    const std::size_t ownLines = lines->size() - (boundary.isInLine ? 1 : 0);
-    if (lines->size() > license.size()) return {};
-    for (std::size_t i = 0; i < ownLines; ++i) {
+    const std::size_t last = lines->size() - 1;
+    if (last >= license.size()) return {};
+    for (std::size_t i = 0; i < last; ++i) {
         if ((*lines)[i] != license[i]) return {};
     }
-    return boundary;
+    // Without a line feed at the end of the agreement, its last word can be in the next line.
+    std::u16string_view end = withoutLineFeed((*lines)[last]);
+    const std::u16string_view shown = withoutLineFeed(license[last]);
+    const bool isSplit = shown.size() < end.size() && end.starts_with(shown) && last + 1 < license.size();
+    if (isSplit) end.remove_prefix(shown.size());
+    const std::size_t line = isSplit ? last + 1 : last;
+    const bool isInLine = withoutLineFeed(license[line]) != end;
+    if (isInLine && (agreement.endsWith(u"\n") || !license[line].starts_with(end))) return {};
+    return {line + 1, isInLine};
 }
 
 std::unique_ptr<TextLines> ShownLanguage::layOutText(const icu::UnicodeString& text, int32_t width) const {

@@ -126,6 +126,10 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
     set.write("set/<b>\n", "");
     set.write("set/LA_ja", utf16(u"第1条 x 契約\n終"));
     set.write("set/LI_ja", utf16(u"わり\n"));
+    std::u16string words;
+    while (words.size() < 150) words += u"wort ";
+    set.write("set/LA_it", utf16(words));
+    set.write("set/LI_it", utf16(u"informazioni\n"));
     EXPECT_EQ(runLicenses({"preview", set.path("set"), "--html", set.path("page")}).exitCode, 0);
     const std::string page = set.read("page");
     const auto has = [&](const std::string& text) { return page.find(text) != page.npos; };
@@ -140,7 +144,7 @@ TEST(Preview, writesOnePageThatRunsAndFetchesNothing) {
           "<mark title=\"not in US-ASCII\">\xC3\xA9</mark>",
           "<u><mark title=\"not in US-ASCII\"><b style=\"--n:19;--c:78\">日日",  // 39 counted, 78 taken
           "<b style=\"--n:1;--c:2\">第</b>1<b style=\"--n:1;--c:5\">条</b> x <b style",
-          ">LA_en ends here, and LI_en begins<",
+          ">LA_en ends here, and LI_en begins<", ">LA_it ends here, and LI_it begins<",
           ">LI_ja begins within the line above, because LA_ja ends without a line feed<",
           "&lt;b&gt;\uFFFD: warning: zev never reads a file of this name"}) {
         EXPECT_TRUE(has(shown)) << shown;
