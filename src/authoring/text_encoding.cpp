@@ -1,6 +1,7 @@
 #include "authoring/text_encoding.h"
 
 #include <unicode/localpointer.h>
+#include <unicode/uchar.h>
 #include <unicode/ucnv.h>
 #include <unicode/utf8.h>
 
@@ -53,6 +54,25 @@ auto occurrences(const icu::UnicodeString& text, std::u16string_view units) {
 bool hasZeroBytes(std::string_view bytes) {
     const auto zeros = occurrences(bytes, '\0');
     return zeros > 0 && 2 * zeros >= occurrences(bytes, ' ') + occurrences(bytes, '\n');
+}
+
+/// Whether every four bytes are a character, in one of the two orders. In UTF-16 they are two, and hardly any value of
+/// both together is one.
+bool isUtf32(std::string_view bytes) {
+    const auto isCharacter = [&](std::size_t begin, Order order) {
+        uint32_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i) {
+            const std::size_t at = order == Order::bigEndian ? begin + i : begin + 3 - i;
+            value = value << 8 | static_cast<uint8_t>(bytes[at]);
+        }
+        return value <= UCHAR_MAX_VALUE && u_isdefined(static_cast<UChar32>(value));
+    };
+    const auto isIn = [&](Order order) {
+        std::size_t begin = 0;
+        while (begin < bytes.size() && isCharacter(begin, order)) begin += 4;
+        return begin == bytes.size();
+    };
+    return !bytes.empty() && bytes.size() % 4 == 0 && (isIn(Order::bigEndian) || isIn(Order::littleEndian));
 }
 
 bool makesSense(const icu::UnicodeString& text, const LanguageProfile* language) {
@@ -129,6 +149,7 @@ DecodedText decodeText(std::string_view bytes, const LanguageProfile* language) 
     const bool isUtf8 = decodeUtf8(bytes, asUtf8.text) == bytes.size();
     if (isUtf8 && (bytes.starts_with(utf8Mark) || !hasZeroBytes(bytes))) return asUtf8;
 
+    if (isUtf32(bytes)) return {Encoding::utf32, {}};
     // In UTF-16 a line feed has a zero byte. The script alone does not tell: pairs of bytes in a Korean code page are
     // Korean letters of UTF-16 as well.
     if (occurrences(bytes, '\0') == 0 && occurrences(bytes, '\n') > 0) return {Encoding::codePage, {}};

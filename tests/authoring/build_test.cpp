@@ -135,6 +135,7 @@ TEST(Build, namesFileAndPlaceOfWhatItFinds) {
         {"LA_en.txt", utf16(u"in English\n").substr(2),
          ": error: not UTF-8 but UTF-16, as some editors save a text" + saveIt},
         {"notices.txt", {'\xFF', '\xFE', 0, 0, 'a', 0, 0, 0}, ":1:1: error: not UTF-8 but UTF-32" + saveIt},
+        {"LA_en.txt", {0, 0, 0, 'a', 0, 0, 0, '\n'}, ": error: not UTF-8 but UTF-32" + saveIt},
         {"LA_en.txt", {'a', '\n', '\0'}, ":2:1: error: U+0000: what is shown ends here, the copy does not [nul]\n"},
         {"LI_en.txt", "a\r\nb\tc", ":2:2: warning: tab: counted as one column, shown as up to eight [tab]\n"},
         {"LI_en.txt", "a\n" + std::string(90, 'x'),
