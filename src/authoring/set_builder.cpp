@@ -68,6 +68,7 @@ public:
             append(findings, findMissing(kind));
         }
         append(findings, checkTexts(texts_, standIn_));
+        append(findings, checkStandIns());
         std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
         return findings;
     }
@@ -146,6 +147,26 @@ private:
         for (const auto& [file, path] : missing) {
             findings.push_back({{path, file.name}, {}, Severity::error, "missing", why});
         }
+        return findings;
+    }
+
+    /// The warnings that `check` has for the files of missing texts, but not for the original in them. It has no errors
+    /// for them but those of the original.
+    [[nodiscard]] Findings checkStandIns() const {
+        std::vector<SetText> texts;
+        for (const SetText& text : texts_) {
+            if (text.file.language == nullptr || text.file.language->code != standIn_) continue;
+            texts.push_back(text);
+            for (const MissingSource& missing : missingOf(text.file.kind)) {
+                texts.push_back({missing.file, text.path, text.text});
+            }
+        }
+        Findings findings = checkTexts(texts, standIn_);
+        std::erase_if(findings, [this](const Finding& f) {
+            const auto isIts = [&](const MissingSource& missing) { return missing.file.name == f.file.name; };
+            return f.severity == Severity::error || std::ranges::none_of(missing_, isIts);
+        });
+        for (Finding& finding : findings) finding.message = "in " + finding.file.name + ", " + finding.message;
         return findings;
     }
 

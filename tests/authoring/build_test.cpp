@@ -108,6 +108,7 @@ TEST(Build, makesASetOfOneText) {
         {"nothing", {"--lang", "de"}, 2, ": No such file or directory"},
         {"EULA", {"--lang", "en", "--stand-in", "de"}, 2, "--stand-in excludes --lang"},
         {"EULA", {"--lang", "xx"}, 2, "--lang: no language of the set: xx"},
+        {"eula/LA_ja.txt", {"--lang", "ja", "--strict"}, 1, ":5:1: warning: in LA_cs, wide character (x"},
         {"dir", {"--stand-in", "en"}, 1, noAgreement + "EULA.txt, Licence.md; if one of them"},
         {"some", {"--langset", "3"}, 1, noAgreement + "LA_el.txt, LI_de.txt, Lizenz; if one of them"},
     };
