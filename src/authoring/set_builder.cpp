@@ -67,8 +67,7 @@ public:
         for (const TextKind kind : {TextKind::agreement, TextKind::information}) {
             append(findings, findMissing(kind));
         }
-        append(findings, checkTexts(texts_, standIn_));
-        append(findings, checkStandIns());
+        append(findings, checkAll());
         std::ranges::stable_sort(findings, {}, [this](const Finding& finding) { return placeOf(finding.file.name); });
         return findings;
     }
@@ -150,23 +149,25 @@ private:
         return findings;
     }
 
-    /// The warnings that `check` has for the files of missing texts, but not for the original in them. It has no errors
-    /// for them but those of the original.
-    [[nodiscard]] Findings checkStandIns() const {
-        std::vector<SetText> texts;
+    /// Checks the texts, and the original in the place of those that are missing: there it can have warnings of its
+    /// own, and no errors but those of the original.
+    [[nodiscard]] Findings checkAll() const {
+        std::vector<SetText> texts = texts_;
         for (const SetText& text : texts_) {
             if (text.file.language == nullptr || text.file.language->code != standIn_) continue;
-            texts.push_back(text);
             for (const MissingSource& missing : missingOf(text.file.kind)) {
                 texts.push_back({missing.file, text.path, text.text});
             }
         }
         Findings findings = checkTexts(texts, standIn_);
-        std::erase_if(findings, [this](const Finding& f) {
-            const auto isIts = [&](const MissingSource& missing) { return missing.file.name == f.file.name; };
-            return f.severity == Severity::error || std::ranges::none_of(missing_, isIts);
-        });
-        for (Finding& finding : findings) finding.message = "in " + finding.file.name + ", " + finding.message;
+        const auto isInStandIn = [this](const Finding& finding) {
+            const auto nameOf = [](const MissingSource& missing) { return missing.file.name; };
+            return std::ranges::find(missing_, finding.file.name, nameOf) != missing_.end();
+        };
+        std::erase_if(findings, [&](const Finding& f) { return f.severity == Severity::error && isInStandIn(f); });
+        for (Finding& finding : findings) {
+            if (isInStandIn(finding)) finding.message = "in " + finding.file.name + ", " + finding.message;
+        }
         return findings;
     }
 
