@@ -39,8 +39,8 @@ bool isGroupOfRoot(gid_t id) {
 }
 
 struct Flaw {
-    std::string what;  ///< empty if there is none
-    std::string remedy;
+    std::string what{};  ///< empty if there is none
+    std::string remedy{};
 };
 
 /// What is wrong with the mode of a directory. A sticky bit does not help the directory of a group, where the records
@@ -111,8 +111,8 @@ private:
     std::string follow(const Descriptor& link, const struct stat& status, const std::string& shown) {
         constexpr int mostLinks = 40;
         std::array<char, PATH_MAX> target;
-        if (!isTrustedOwner(status.st_uid)) return refuse(shown, {"it is a link, and " + ownedBy(status.st_uid), ""});
-        if (++links_ > mostLinks) return refuse(shown, {"there are too many links in the path", ""});
+        if (!isTrustedOwner(status.st_uid)) return refuse(shown, {"it is a link, and " + ownedBy(status.st_uid)});
+        if (++links_ > mostLinks) return refuse(shown, {"there are too many links in the path"});
         const ssize_t size = readlinkat(link.get(), "", target.data(), target.size());
         if (size <= 0) return cannot(shown, "read");
         const std::string path(target.data(), static_cast<std::size_t>(size));
@@ -126,9 +126,9 @@ private:
     std::string checkDirectory(const std::string& shown) {
         struct stat status {};
         if (fstat(current_.get(), &status) != 0) return cannot(shown, "opened");
-        if (!S_ISDIR(status.st_mode)) return refuse(shown, {"it is not a directory", ""});
+        if (!S_ISDIR(status.st_mode)) return refuse(shown, {"it is not a directory"});
         if (use_ == DirectoryUse::state && !isTrustedOwner(status.st_uid)) {
-            return refuse(shown, {ownedBy(status.st_uid), ""});
+            return refuse(shown, {ownedBy(status.st_uid)});
         }
         owners_.push_back({shown, status.st_uid});
         const Flaw flaw = flawOf(status, use_ == DirectoryUse::master && steps_.empty());
@@ -138,7 +138,7 @@ private:
     /// Comes last, because the owner of the master directory is known only then.
     [[nodiscard]] std::string checkOwners() const {
         for (const auto& [shown, owner] : owners_) {
-            if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, {ownedBy(owner), ""});
+            if (!isTrustedOwner(owner) && owner != owners_.back().uid) return refuse(shown, {ownedBy(owner)});
         }
         return "";
     }
