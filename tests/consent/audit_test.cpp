@@ -4,12 +4,6 @@
 
 namespace zev::test {
 
-using testing::ContainsRegex;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
 using Audit = Consent;
 
 TEST_F(Audit, showsARowForEachAcceptanceAndForEachVersionThatCameWithIt) {
@@ -19,19 +13,15 @@ TEST_F(Audit, showsARowForEachAcceptanceAndForEachVersionThatCameWithIt) {
     const std::string state = sandbox.path("state"), fingerprint = terms(), digits = fingerprint.substr(0, 16);
     const std::string table = audit({state}).out;
     EXPECT_THAT(table, StartsWith("product  version  terms             accepted              who "));
-    EXPECT_THAT(table, ContainsRegex("  host +mode  language  state\nrocket +2.0 +" + digits + "  " + timePattern +
-                                     "  [^\n]+  any +-  +ok\n"
-                                     "rocket +2.1 +" +
-                                     digits + "  " + timePattern +
-                                     "  [^\n]+  log +-  +ok\n"
-                                     "shuttle +2.0 +" +
-                                     digits + "  [^\n]+  ok\n$"));
+    const std::string common = " +" + digits + "  " + timePattern + "  [^\n]+  ";
+    EXPECT_THAT(table,
+                ContainsRegex("  host +mode  language  state\nrocket +2.0" + common + "any +-  +ok\nrocket +2.1" +
+                              common + "log +-  +ok\nshuttle +2.0" + common + "ok\n$"));
     EXPECT_THAT(audit({"-p", "shuttle", state}).out, Not(HasSubstr("rocket")));
 
     const std::string tsv = audit({"--tsv", state}).out;
-    EXPECT_THAT(tsv, StartsWith("product\tversion\tterms\taccepted\twho\thost\tmode\tlanguage\tzev\tprompts\tlogin\tnot"
-                                "e\tmaster\tcopied\tstate\tpath\n"
-                                "rocket\t2.0\t" +
+    EXPECT_THAT(tsv, StartsWith("product\tversion\tterms\taccepted\twho\thost\tmode\tlanguage\tzev\tprompts\tlogin\t"
+                                "note\tmaster\tcopied\tstate\tpath\nrocket\t2.0\t" +
                                 fingerprint + "\t"));
     EXPECT_THAT(tsv, HasSubstr("\tfür später\t-\t-\tok\t" + sandbox.path(record()) + "\n"));
     EXPECT_THAT(audit({"--json", "-p", "shuttle", state}).out,
@@ -84,10 +74,8 @@ TEST_F(Audit, lendsARecordOfZevNoMoreThanItProves) {
 TEST_F(Audit, showsNothingThatATerminalWouldObey) {
     ASSERT_EQ(accept().exitCode, 0);
     sandbox.write(record() + ".log", "\t\t\n2020-01-01T00:00:00Z\t\x1B]0;x\x07\tw\n");
-    ASSERT_EQ(script("cd " + record() +
-                     " && sed -i "
-                     "'s/^version=.*/version=\"\\\\\\t\\x1B[31m\\xC2\\x9B\\xE2\\x80\\xAEй\\xFF/;s/^who=.*/who=日本/"
-                     "' acceptance && "
+    const std::string version = R"(s/^version=.*/version="\\\t\x1B[31m\xC2\x9B\xE2\x80\xAEй\xFF/)";
+    ASSERT_EQ(script("cd " + record() + " && sed -i '" + version + ";s/^who=.*/who=日本/' acceptance && " +
                      "sha256sum acceptance license/* >SHA256SUMS")
                   .exitCode,
               0);

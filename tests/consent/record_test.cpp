@@ -12,11 +12,6 @@
 namespace zev::test {
 
 namespace fs = std::filesystem;
-using testing::ContainsRegex;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::MatchesRegex;
-using testing::Not;
 
 using AskRecord = Consent;
 

@@ -13,6 +13,13 @@
 
 namespace zev::test {
 
+using testing::ContainsRegex;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Not;
+using testing::StartsWith;
+
 /// Starts a command like a daemon: it has no terminal, and a umask that lets nobody else read its files.
 inline void withoutTerminal() {
     setsid();
@@ -55,6 +62,15 @@ protected:
                                       unsigned short rows = 24, unsigned short columns = 80,
                                       Preparation prepare = unprepared) const {
         return {rows, columns, asking(more), environment, prepare, askProgram};
+    }
+    /// Declines when a prompt has appeared, and expects that nothing is left.
+    void expectDeclined(Terminal& terminal, const char* prompt = "completed viewing") const {
+        terminal.answer(prompt, "2");
+        terminal.answer("\r\n", "2");
+        const Finished finished = terminal.finish();
+        EXPECT_EQ(finished.exitCode, 1);
+        EXPECT_THAT(finished.out, EndsWith("rocket: declined.\n"));
+        EXPECT_FALSE(sandbox.has("state"));
     }
     /// A shell in the sandbox, in which "$@" asks, "$AUDIT" is zev-audit and `more` is set.
     [[nodiscard]] Arguments scriptOf(const std::string& text, const Arguments& more = {}) const {

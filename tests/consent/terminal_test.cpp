@@ -9,20 +9,8 @@
 
 namespace zev::test {
 
-using testing::EndsWith;
-using testing::HasSubstr;
-
 class AskOnTerminal : public Consent {
 protected:
-    /// Declines when a prompt has appeared, and expects that nothing is left.
-    void expectDeclined(Terminal& terminal, const char* prompt = "completed viewing") const {
-        terminal.answer(prompt, "2");
-        terminal.answer("\r\n", "2");
-        const Finished finished = terminal.finish();
-        EXPECT_EQ(finished.exitCode, 1);
-        EXPECT_THAT(finished.out, EndsWith("rocket: declined.\n"));
-        EXPECT_FALSE(sandbox.has("state"));
-    }
     [[nodiscard]] Terminal inShell(const std::string& text, const Arguments& more = {}) const {
         return {24, 80, scriptOf(text, more), {}, unprepared, shell};
     }

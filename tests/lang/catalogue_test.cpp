@@ -63,14 +63,6 @@ std::string textsWith(const icu::UnicodeString& pattern) {
     return found;
 }
 
-TEST(Catalogue, answersEverySlotWithItsOwnText) {
-    const auto texts = textsOf("en");
-    EXPECT_EQ(texts[2], u"Software License Agreement");
-    EXPECT_EQ(texts[4] + texts[5] + texts[6] + texts[7] + texts[8], u"AcceptDeclinePrintYesNo");
-    EXPECT_EQ(texts[10], u"Do you really wish to decline the license agreement?");
-    EXPECT_EQ(texts[20], u"A printer error occurred. The License Agreement will not be printed.");
-}
-
 TEST(Catalogue, asksForTheNumbersThatTheDialogueUnderstands) {
     for (const auto& [code, name] : languages()) {
         SCOPED_TRACE(code);
